@@ -1,0 +1,114 @@
+#include "cli/CCommandLine.h"
+
+#include <ostream>
+
+#include "cli/CConsoleUserInterface.h"
+#include "core/modTools.h"
+#include "document/CAnlage.h"
+#include "document/CLayoutStatistics.h"
+
+namespace kavrin {
+
+namespace {
+
+// Installs a console port for the lifetime of one command.
+class ConsoleScope {
+public:
+    ConsoleScope(std::ostream& out, std::ostream& err) : ui_(out, err), previous_(SetUI(&ui_)) {}
+    ~ConsoleScope() { SetUI(previous_); }
+    CConsoleUserInterface& ui() { return ui_; }
+
+private:
+    CConsoleUserInterface ui_;
+    IUserInterface* previous_;
+};
+
+} // namespace
+
+int CCommandLine::Run(const std::vector<std::string>& args) {
+    if (args.empty())
+        return Usage(FormatMessage("Es fehlt der Befehl."));
+    const std::string& command = args[0];
+    if (command == "--help" || command == "-h" || command == "help") {
+        Help();
+        return kOk;
+    }
+    if (command == "--version") {
+        out_ << kProgramName << " " << KAVRIN_VERSION << '\n';
+        return kOk;
+    }
+    if (command == "info" && args.size() == 2)
+        return Info(args[1]);
+    if (command == "check" && args.size() == 2)
+        return Check(args[1]);
+    if (command == "save" && args.size() == 3)
+        return Save(args[1], args[2]);
+    if (command == "info" || command == "check" || command == "save")
+        return Usage(FormatMessage("Falsche Anzahl von Argumenten für '%1'.", command));
+    return Usage(FormatMessage("Unbekannter Befehl '%1'.", command));
+}
+
+int CCommandLine::Usage(const std::string& problem) {
+    err_ << ConsoleText(problem) << '\n' << "Aufruf: kavrin-cli --help\n";
+    return kUsage;
+}
+
+void CCommandLine::Help() {
+    out_ << "Kavrin " << KAVRIN_VERSION << " - Bearbeitung von EEP-Anlagen (.anl3) ohne Fenster\n\n"
+         << "Aufruf:\n"
+         << "  kavrin-cli info DATEI        Version, Abschnitte, Elemente je Name und Hinweise der Anlage\n"
+         << "  kavrin-cli check DATEI       Anlage laden; Hinweise auf der Standardausgabe\n"
+         << "  kavrin-cli save EIN AUS      Anlage EIN laden und als AUS speichern\n"
+         << "  kavrin-cli --help            diese Hilfe\n"
+         << "  kavrin-cli --version         Versionsnummer\n\n"
+         << "Rückgabewert: 0 erfolgreich, 1 fehlgeschlagen, 2 falscher Aufruf.\n";
+}
+
+int CCommandLine::Info(const std::string& path) {
+    ConsoleScope console(out_, err_);
+    CAnlage anlage;
+    out_ << "Anlage: " << path << '\n';
+    if (!anlage.Load(path)) {
+        err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';
+        return kFailed;
+    }
+    out_ << "Version: " << anlage.Version().Text() << '\n';
+    out_ << "Abschnitte:";
+    for (const std::string& name : anlage.FoundChapter().FoundNames())
+        out_ << ' ' << name;
+    out_ << '\n';
+    CLayoutStatistics statistics(anlage);
+    out_ << "Elemente je Name (" << statistics.TotalElements() << " insgesamt):\n";
+    for (const auto& [name, count] : statistics.ElementCounts())
+        out_ << "  " << name << ": " << count << '\n';
+    out_ << "Hinweise: " << console.ui().ParseLog().Hints().size() << '\n';
+    return kOk;
+}
+
+int CCommandLine::Check(const std::string& path) {
+    ConsoleScope console(out_, err_);
+    CAnlage anlage;
+    if (!anlage.Load(path)) {
+        err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';
+        return kFailed;
+    }
+    out_ << ConsoleText(FormatMessage("Die Anlage wurde geladen (%1 Hinweise).",
+                                      static_cast<long>(console.ui().ParseLog().Hints().size())))
+         << '\n';
+    return kOk;
+}
+
+int CCommandLine::Save(const std::string& in, const std::string& outPath) {
+    ConsoleScope console(out_, err_);
+    CAnlage anlage;
+    if (!anlage.Load(in)) {
+        err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';
+        return kFailed;
+    }
+    if (!anlage.Save(outPath))
+        return kFailed;
+    out_ << ConsoleText(FormatMessage("Die Anlage wurde als%n%1%ngespeichert.", outPath)) << '\n';
+    return kOk;
+}
+
+} // namespace kavrin

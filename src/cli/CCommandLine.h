@@ -1,0 +1,32 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace kavrin {
+
+// kavrin-cli: batch work on layout files without a window. Exit status 0 done, 1 failed,
+// 2 wrong usage.
+class CCommandLine {
+public:
+    CCommandLine(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
+
+    int Run(const std::vector<std::string>& args);
+
+    static constexpr int kOk = 0;
+    static constexpr int kFailed = 1;
+    static constexpr int kUsage = 2;
+
+private:
+    int Info(const std::string& path);
+    int Check(const std::string& path);
+    int Save(const std::string& in, const std::string& out);
+    int Usage(const std::string& problem);
+    void Help();
+
+    std::ostream& out_;
+    std::ostream& err_;
+};
+
+} // namespace kavrin

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace kavrin {
+
+// Stores each distinct text once and hands out stable 16-bit indices from 1.
+// A hash index sits beside the list; the answers are those of a linear search.
+class CStringPack {
+public:
+    CStringPack();
+
+    int16_t PutString(std::string_view text);
+    const std::string& GetString(int16_t index) const;
+    int16_t GetIndex(std::string_view text) const;
+    int16_t Count() const { return count_; }
+
+    static constexpr int16_t kMaxTexts = 32767;
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+    };
+    std::vector<std::string> texts_; // index 0 unused
+    std::unordered_map<std::string, int16_t, Hash, std::equal_to<>> index_;
+    int16_t count_ = 0;
+};
+
+// A pack of file names (model files of buildings and goods).
+class CFilenamePack : public CStringPack {};
+
+// The process-wide packs.
+CStringPack& ElementNames();
+CStringPack& AttributeNames();
+CStringPack& ClassTexts();
+CFilenamePack& FileNames();
+
+} // namespace kavrin

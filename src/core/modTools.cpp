@@ -1,0 +1,327 @@
+#include "core/modTools.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+#include <limits>
+
+#include "core/IUserInterface.h"
+
+namespace kavrin {
+
+namespace {
+
+UserNumberFormat gUserFormat;
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// Length of the longest prefix of text that reads as a decimal number with "." as point.
+size_t NumericPrefixLength(std::string_view text) {
+    size_t i = 0;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-'))
+        ++i;
+    size_t digits = 0;
+    while (i < text.size() && std::isdigit(static_cast<unsigned char>(text[i]))) {
+        ++i;
+        ++digits;
+    }
+    if (i < text.size() && text[i] == '.') {
+        size_t j = i + 1;
+        size_t fraction = 0;
+        while (j < text.size() && std::isdigit(static_cast<unsigned char>(text[j]))) {
+            ++j;
+            ++fraction;
+        }
+        if (digits + fraction > 0)
+            i = j, digits += fraction;
+    }
+    if (digits == 0)
+        return 0;
+    if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+        size_t j = i + 1;
+        if (j < text.size() && (text[j] == '+' || text[j] == '-'))
+            ++j;
+        size_t expDigits = 0;
+        while (j < text.size() && std::isdigit(static_cast<unsigned char>(text[j]))) {
+            ++j;
+            ++expDigits;
+        }
+        if (expDigits > 0)
+            i = j;
+    }
+    return i;
+}
+
+double ParseDecimal(std::string_view number) {
+    if (!number.empty() && number.front() == '+')
+        number.remove_prefix(1);
+    double value = 0;
+    auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // from_chars leaves the value alone when out of range: give what the runtime gives.
+        bool negative = !number.empty() && number.front() == '-';
+        bool tiny = number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
+        if (tiny)
+            return negative ? -0.0 : 0.0;
+        return negative ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
+    }
+    return value;
+}
+
+// The whole (trimmed) text as a number, or a type mismatch.
+double WholeTextAsNumber(std::string_view text) {
+    text = Trim(text);
+    size_t length = NumericPrefixLength(text);
+    if (length == 0 || length != text.size())
+        throw CError::TypeMismatch();
+    return ParseDecimal(text);
+}
+
+template <typename Int>
+Int RoundToInteger(double value) {
+    if (std::isnan(value))
+        throw CError::Overflow();
+    double rounded = std::nearbyint(value); // default rounding mode: ties to even
+    if (rounded < static_cast<double>(std::numeric_limits<Int>::min()) ||
+        rounded > static_cast<double>(std::numeric_limits<Int>::max()))
+        throw CError::Overflow();
+    return static_cast<Int>(rounded);
+}
+
+template <typename Int>
+bool TryPlainInteger(std::string_view text, Int& out) {
+    // Fast path for the common case of plain decimal integers.
+    const char* begin = text.data();
+    const char* end = begin + text.size();
+    if (begin != end && *begin == '+')
+        ++begin;
+    int64_t value = 0;
+    auto result = std::from_chars(begin, end, value);
+    if (result.ec != std::errc() || result.ptr != end)
+        return false;
+    if (value < std::numeric_limits<Int>::min() || value > std::numeric_limits<Int>::max())
+        throw CError::Overflow();
+    out = static_cast<Int>(value);
+    return true;
+}
+
+template <typename Int>
+Int TextToRuntimeInteger(std::string_view text) {
+    text = Trim(text);
+    Int value{};
+    if (TryPlainInteger(text, value))
+        return value;
+    return RoundToInteger<Int>(WholeTextAsNumber(text));
+}
+
+// "0.######E-00": one digit, up to six decimals (point kept), exponent of at least two digits.
+std::string SmallNumberText(double value, int decimals) {
+    char buffer[64];
+    auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, decimals);
+    std::string text(buffer, result.ptr);
+    size_t e = text.find('e');
+    std::string mantissa = text.substr(0, e);
+    std::string exponent = text.substr(e + 1);
+    while (!mantissa.empty() && mantissa.back() == '0')
+        mantissa.pop_back();
+    bool negativeExponent = exponent.front() == '-';
+    std::string digits = exponent.substr(1);
+    while (digits.size() > 2 && digits.front() == '0')
+        digits.erase(0, 1);
+    return mantissa + "E" + (negativeExponent ? "-" : "") + digits;
+}
+
+// Shortest general form with the given significant digits, exponent written as E+20.
+std::string GeneralNumberText(double value, int precision) {
+    char buffer[64];
+    auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, precision);
+    std::string text(buffer, result.ptr);
+    size_t e = text.find('e');
+    if (e == std::string::npos)
+        return text;
+    std::string exponent = text.substr(e + 1);
+    char sign = exponent.front();
+    std::string digits = exponent.substr(1);
+    while (digits.size() > 2 && digits.front() == '0')
+        digits.erase(0, 1);
+    return text.substr(0, e) + "E" + sign + digits;
+}
+
+std::string FileNumberText(double value, int precision) {
+    if (value == 0)
+        return "0";
+    std::string text = std::fabs(value) < 0.034 ? SmallNumberText(value, 6) : GeneralNumberText(value, precision);
+    for (char& c : text)
+        if (c == ',')
+            c = '.';
+    return text;
+}
+
+} // namespace
+
+std::string_view Trim(std::string_view text) {
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string FormatMessageV(std::string_view templ, const std::vector<std::string>& args) {
+    std::string out;
+    out.reserve(templ.size() + 32);
+    for (size_t i = 0; i < templ.size(); ++i) {
+        char c = templ[i];
+        if (c != '%') {
+            out += c;
+            continue;
+        }
+        if (i + 1 >= templ.size())
+            break;
+        char code = templ[++i];
+        if (code >= '1' && code <= '9') {
+            size_t index = static_cast<size_t>(code - '1');
+            if (index < args.size())
+                out += args[index];
+            else
+                out += code;
+        } else if (code == 'n') {
+            out += kLineBreak;
+        } else if (code == 'm') {
+            out += kLineBreak;
+            out += kLineBreak;
+        } else if (code == 't') {
+            out += '\t';
+        } else {
+            out += code;
+        }
+    }
+    return out;
+}
+
+std::string ArgText(const std::string& v) { return v; }
+std::string ArgText(std::string_view v) { return std::string(v); }
+std::string ArgText(const char* v) { return v ? std::string(v) : std::string(); }
+std::string ArgText(bool v) { return v ? "Wahr" : "Falsch"; }
+
+std::string ArgText(double v) {
+    std::string text = GeneralNumberText(v, 15);
+    for (char& c : text)
+        if (c == '.')
+            c = gUserFormat.decimal;
+    return text;
+}
+
+void SetUserNumberFormat(UserNumberFormat format) { gUserFormat = format; }
+UserNumberFormat GetUserNumberFormat() { return gUserFormat; }
+
+std::string NumberToText(double value) { return FileNumberText(value, 15); }
+std::string NumberToText(float value) { return FileNumberText(static_cast<double>(value), 7); }
+
+std::string NumberToText(const Variant& value) {
+    struct Visitor {
+        std::string operator()(std::monostate) const { return {}; }
+        std::string operator()(bool v) const { return v ? "True" : "False"; }
+        std::string operator()(int16_t v) const { return std::to_string(v); }
+        std::string operator()(int32_t v) const { return std::to_string(v); }
+        std::string operator()(int64_t v) const { return std::to_string(v); }
+        std::string operator()(float v) const { return NumberToText(v); }
+        std::string operator()(double v) const { return NumberToText(v); }
+        std::string operator()(const std::string& v) const { return v; }
+    };
+    return std::visit(Visitor{}, value);
+}
+
+double TextToNumber(std::string_view text) {
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    size_t length = NumericPrefixLength(text);
+    return length == 0 ? 0.0 : ParseDecimal(text.substr(0, length));
+}
+
+int32_t TextToLong(std::string_view text) { return TextToRuntimeInteger<int32_t>(text); }
+int16_t TextToInteger(std::string_view text) { return TextToRuntimeInteger<int16_t>(text); }
+
+double TextToDouble(std::string_view text) {
+    text = Trim(text);
+    if (text.empty())
+        return 0;
+    std::string normalised;
+    for (char c : text) {
+        if (c == gUserFormat.decimal)
+            normalised += '.';
+        else if (c == '.' && gUserFormat.decimal != '.')
+            throw CError::TypeMismatch();
+        else
+            normalised += c;
+    }
+    return WholeTextAsNumber(normalised);
+}
+
+int32_t TextToInt(std::string_view text) {
+    text = Trim(text);
+    if (text.empty())
+        return 0;
+    return RoundToInteger<int32_t>(TextToNumber(text));
+}
+
+std::string SystemErrorText(int errorNumber) {
+    switch (errorNumber) {
+    case EACCES:
+    case EPERM: return "keine Berechtigung";
+    case ENOENT: return "nicht vorhanden";
+    case ENOSPC: return "kein Platz mehr auf dem Datenträger";
+    case EROFS: return "Datenträger ist schreibgeschützt";
+    case EISDIR: return "ist ein Ordner";
+    case ENOTDIR: return "ein Teil des Pfades ist kein Ordner";
+    case EDQUOT: return "Speicherkontingent erschöpft";
+    case EIO: return "Ein-/Ausgabefehler";
+    case EBUSY: return "wird gerade benutzt";
+    case ENAMETOOLONG: return "Name zu lang";
+    default: return FormatMessage("Systemfehler %1", errorNumber);
+    }
+}
+
+bool FileExists(const std::string& path) {
+    std::error_code ec;
+    return !path.empty() && std::filesystem::is_regular_file(path, ec);
+}
+
+bool DirectoryExists(const std::string& path) {
+    std::error_code ec;
+    return !path.empty() && std::filesystem::is_directory(path, ec);
+}
+
+std::string NameWithoutExtension(const std::string& path) {
+    size_t dot = path.rfind('.');
+    return dot == std::string::npos ? path : path.substr(0, dot);
+}
+
+std::string SaveFileFilter(const std::string& extension) {
+    if (extension.empty())
+        return FormatMessage("Alle Dateien (*.*)|*.*");
+    if (extension == ".anl3")
+        return FormatMessage("EEP Anlagen (*%1)|*%1", extension);
+    if (extension == ".agr")
+        return FormatMessage("Kavrin Gruppen (*%1)|*%1", extension);
+    if (extension == ".bmp")
+        return FormatMessage("Bitmaps (*.bmp)|*.bmp");
+    return FormatMessage("%1-Dateien (*%1)|*%1", extension);
+}
+
+void ErrorBox(const std::string& text) { UI().ErrorBox(text); }
+
+bool Ask(const std::string& text) { return UI().Ask(text); }
+
+void ReportError(std::string_view procedure, const CError& failure, std::string_view text) {
+    std::string caller = text.empty() ? FormatMessage("Es ist ein Fehler aufgetreten!") : std::string(text);
+    ErrorBox(FormatMessage("%1%mProzedur: %2%mFehler %3: %4", caller, procedure, failure.Number(),
+                           failure.Description()));
+}
+
+void ReportCurrentError(std::string_view procedure, std::string_view text) {
+    ReportError(procedure, CError::FromCurrentException(), text);
+}
+
+} // namespace kavrin

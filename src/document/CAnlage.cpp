@@ -1,0 +1,220 @@
+#include "document/CAnlage.h"
+
+#include <algorithm>
+#include <pugixml.hpp>
+
+#include "core/IUserInterface.h"
+#include "core/modTools.h"
+#include "document/CNodeUnknown.h"
+#include "document/CXmlWriter.h"
+#include "document/FParseLog.h"
+#include "document/NodeAttributes.h"
+#include "document/NodeTree.h"
+#include "document/SafeFileWriter.h"
+#include "document/XmlParseError.h"
+
+namespace kavrin {
+
+namespace {
+
+// Literal line feeds in attribute values survive (no whitespace conversion), so do carriage
+// returns (no end-of-line normalisation); comments and CDATA are parsed so that they can be
+// refused with a hint instead of disappearing silently.
+constexpr unsigned kParseOptions = (pugi::parse_default & ~pugi::parse_wconv_attribute & ~pugi::parse_eol) |
+                                   pugi::parse_comments | pugi::parse_pi | pugi::parse_declaration |
+                                   pugi::parse_doctype | pugi::parse_ws_pcdata_single;
+
+const int kCollectionIdOrder[] = {1, 2, 3, 6, 4, 5};
+
+} // namespace
+
+CAnlage::CAnlage() = default;
+
+CAnlage::~CAnlage() { Clear(); }
+
+void CAnlage::Clear() {
+    if (root_)
+        root_->Clear();
+    root_.reset();
+    version_.Clear();
+    chapters_.Clear();
+    procInstrs_.clear();
+    declaration_.clear();
+    kontaktZiele_.clear();
+    changedWhileLoading_ = false;
+    changed_ = false;
+}
+
+bool CAnlage::Load(const std::string& path) {
+    Clear();
+    path_ = path;
+    UI().ShowStatus(FormatMessage("wird aufgebaut ..."));
+    UI().ProcessPendingEvents();
+    FParseLog& log = UI().ParseLog();
+    log.Open(path);
+    bool ok = ParseDocument(path);
+    if (ok) {
+        ReadFileVersion();
+        RepairBuildingCollectionIds();
+        chapters_.Collect(*root_);
+        chapters_.ReportMissing();
+        ok = CheckTerrain();
+    }
+    log.FinalState();
+    if (!ok) {
+        Clear();
+        return false;
+    }
+    changed_ = changedWhileLoading_;
+    return true;
+}
+
+bool CAnlage::ParseDocument(const std::string& path) {
+    if (DirectoryExists(path)) {
+        ErrorBox(FormatMessage("%1%nist ein Ordner und keine Anlagen-Datei.", path));
+        return false;
+    }
+    if (!FileExists(path)) {
+        ErrorBox(FormatMessage("Die Datei%n%1%nexistiert nicht.", path));
+        return false;
+    }
+    pugi::xml_document document;
+    pugi::xml_parse_result result = document.load_file(path.c_str(), kParseOptions, pugi::encoding_utf8);
+    if (!result) {
+        ReportXmlParseError(result,
+                            FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
+                                          "Der xml-Parser kann sie nicht laden und meldet folgendes:",
+                                          path));
+        return false;
+    }
+    return ReadDocumentLevel(document) && BuildTree(document);
+}
+
+bool CAnlage::ReadDocumentLevel(pugi::xml_document& document) {
+    for (pugi::xml_node node : document.children()) {
+        switch (node.type()) {
+        case pugi::node_element: break;
+        case pugi::node_declaration:
+            for (pugi::xml_attribute attribute : node.attributes())
+                declaration_.emplace_back(attribute.name(), attribute.value());
+            break;
+        case pugi::node_pi: AddProcInstr(node.name(), node.value()); break;
+        default:
+            AddParseHint(FormatMessage("Unerwarteter Eintrag in .anl3 Datei!%n") +
+                         FormatMessage("Node-Typ:  %1%nNode-Text: %2",
+                                       node.type() == pugi::node_comment ? "comment" : "documenttype",
+                                       node.value()));
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CAnlage::BuildTree(pugi::xml_document& document) {
+    pugi::xml_node element = document.document_element();
+    auto root = std::make_unique<CNodeRoot>();
+    root->SetAnlage(this);
+    root->SetName(element.name());
+    root_ = std::move(root);
+    if (!root_->ParseAttributes(element) || !root_->ParseSubnodes(element))
+        return false;
+    return root_->CheckNode();
+}
+
+void CAnlage::ReadFileVersion() {
+    for (const auto& chapter : root_->SubNodes())
+        if (chapter->Name() == "Version") {
+            version_.SetFileVersion(AttributeText(*chapter, "EEP"));
+            return;
+        }
+}
+
+// The layout-joining tool Planfuger writes building collections whose id is out of the range
+// 1..6 or repeats that of an earlier collection. The simulator always writes them in the order
+// 1, 2, 3, 6, 4, 5; a wrong id gets the id of its position in that order when that id is free.
+void CAnlage::RepairBuildingCollectionIds() {
+    std::vector<INode*> collections;
+    for (const auto& chapter : root_->SubNodes())
+        if (chapter->Name() == "Gebaeudesammlung")
+            collections.push_back(chapter.get());
+    std::vector<int> ids;
+    for (INode* collection : collections)
+        ids.push_back(static_cast<int>(TextToNumber(AttributeText(*collection, "GebaudesammlungID"))));
+    bool repaired = false;
+    for (size_t i = 0; i < collections.size() && i < std::size(kCollectionIdOrder); ++i) {
+        bool valid = ids[i] >= 1 && ids[i] <= 6 && std::find(ids.begin(), ids.begin() + i, ids[i]) == ids.begin() + i;
+        int wanted = kCollectionIdOrder[i];
+        if (valid || std::find(ids.begin(), ids.end(), wanted) != ids.end())
+            continue;
+        ids[i] = wanted;
+        SetAttributeText(*collections[i], "GebaudesammlungID", std::to_string(wanted));
+        repaired = true;
+    }
+    if (!repaired)
+        return;
+    changedWhileLoading_ = true;
+    ErrorBox(FormatMessage("Diese Anlage wurde offensichtlich vom%nProgramm 'Planfuger' erstellt und seitdem nicht "
+                           "von EEP gespeichert.%mDie fehlerhafte ID der Gebäudesammlung wurde korrigiert!%m"
+                           "Weitere Informationen zu diesem Fehler finden Sie in der Datei%m'KurzAnleitung.pdf' "
+                           "im Kapitel 'Öffnen einer Anlage'%mim Installationsverzeichnis von Kavrin."));
+}
+
+// The terrain gives the plan its extent: it is complete when it names the grid (extX, extY),
+// its lower-left corner (posX, posY) and the density (dichte), with a positive grid and density.
+bool CAnlage::CheckTerrain() const {
+    const INode* terrain = nullptr;
+    for (const auto& chapter : root_->SubNodes())
+        if (chapter->Name() == "Schandlaft")
+            terrain = chapter.get();
+    bool complete = terrain != nullptr;
+    for (const char* name : {"extX", "extY", "posX", "posY", "dichte"})
+        complete = complete && HasAttribute(*terrain, name);
+    if (complete)
+        complete = TextToNumber(AttributeText(*terrain, "extX")) > 0 &&
+                   TextToNumber(AttributeText(*terrain, "extY")) > 0 &&
+                   TextToNumber(AttributeText(*terrain, "dichte")) > 0;
+    if (!complete)
+        ErrorBox(FormatMessage("Der Abschnitt \"Schandlaft\" fehlt oder ist unvollständig;%n") +
+                 FormatMessage("somit fehlen die Grunddaten der Anlage!"));
+    return complete;
+}
+
+void CAnlage::AddProcInstr(std::string name, std::string value) {
+    procInstrs_.emplace_back(std::move(name), std::move(value));
+}
+
+bool CAnlage::WriteDocument(CXmlWriter& writer) {
+    if (!root_)
+        return false;
+    std::string declaration = "<?xml";
+    if (declaration_.empty())
+        declaration_ = {{"version", "1.0"}, {"encoding", "UTF-8"}};
+    for (const auto& [name, value] : declaration_)
+        declaration += " " + name + "=\"" + value + "\"";
+    writer.Raw(declaration + "?>\n");
+    for (const CXmlProcInstr& instruction : procInstrs_)
+        writer.ProcessingInstruction(instruction.NodeName(), instruction.NodeValue());
+    if (!WriteNode(writer, *root_))
+        return false;
+    writer.Raw("\n");
+    return true;
+}
+
+bool CAnlage::Save(const std::string& path) {
+    try {
+        SafeFileWriter file(path);
+        CXmlWriter writer(file.Handle());
+        if (!WriteDocument(writer))
+            throw CError(1000, FormatMessage("Ein Element der Anlage konnte nicht geschrieben werden."));
+        writer.Flush();
+        file.Commit();
+        changed_ = false;
+        path_ = path;
+        return true;
+    } catch (...) {
+        ReportCurrentError("CAnlage.Save", FormatMessage("Die Anlage wurde NICHT gespeichert!!"));
+        return false;
+    }
+}
+
+} // namespace kavrin

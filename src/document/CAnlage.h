@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "document/CAnlVersion.h"
+#include "document/CChapters.h"
+#include "document/CXmlProcInstr.h"
+#include "document/INode.h"
+
+namespace pugi {
+class xml_document;
+}
+
+namespace kavrin {
+
+// One open layout: the node tree, its version record, the chapters found and what the load
+// itself changed. Loading and saving report to the user through the user-interface port.
+class CAnlage {
+public:
+    CAnlage();
+    ~CAnlage();
+    CAnlage(const CAnlage&) = delete;
+    CAnlage& operator=(const CAnlage&) = delete;
+
+    // File -> DOM -> node tree -> checks. False (after telling the user) leaves an empty document.
+    bool Load(const std::string& path);
+    // Node tree -> file, through a temporary file in the same folder that then replaces the old one.
+    bool Save(const std::string& path);
+    void Clear();
+
+    INode* RootNode() const { return root_.get(); }
+    const CAnlVersion& Version() const { return version_; }
+    CAnlVersion& Version() { return version_; }
+    const CChapters& FoundChapter() const { return chapters_; }
+    CChapters& FoundChapter() { return chapters_; }
+    const std::string& FilePath() const { return path_; }
+
+    bool ChangedWhileLoading() const { return changedWhileLoading_; }
+    void SetChangedWhileLoading() { changedWhileLoading_ = true; }
+    bool Changed() const { return changed_; }
+    void SetChanged(bool changed) { changed_ = changed; }
+
+    void AddProcInstr(std::string name, std::string value);
+    const std::vector<CXmlProcInstr>& ProcInstrs() const { return procInstrs_; }
+
+    // Contact-target numbers (1 and more) met while loading.
+    void RegisterKontaktziel(int32_t target) { kontaktZiele_.push_back(target); }
+    const std::vector<int32_t>& KontaktZiele() const { return kontaktZiele_; }
+
+    // Writes the whole document (declaration, instructions, tree) into a writer.
+    bool WriteDocument(CXmlWriter& writer);
+
+private:
+    bool ParseDocument(const std::string& path);
+    bool BuildTree(pugi::xml_document& document);
+    bool ReadDocumentLevel(pugi::xml_document& document);
+    void ReadFileVersion();
+    void RepairBuildingCollectionIds();
+    bool CheckTerrain() const;
+
+    std::string path_;
+    std::unique_ptr<INode> root_;
+    CAnlVersion version_;
+    CChapters chapters_;
+    std::vector<CXmlProcInstr> procInstrs_;
+    std::vector<std::pair<std::string, std::string>> declaration_;
+    std::vector<int32_t> kontaktZiele_;
+    bool changedWhileLoading_ = false;
+    bool changed_ = false;
+};
+
+} // namespace kavrin

@@ -1,0 +1,65 @@
+#include "document/CNodeFactory.h"
+
+#include <unordered_map>
+
+#include "document/CNodeUnknown.h"
+#include "document/NodeClasses.h"
+
+namespace kavrin {
+
+namespace {
+
+using Creator = std::unique_ptr<INode> (*)();
+
+template <typename T>
+std::unique_ptr<INode> Make() {
+    return std::make_unique<T>();
+}
+
+const std::unordered_map<std::string_view, Creator>& Classes() {
+    static const std::unordered_map<std::string_view, Creator> classes = {
+        {"Vektor", &Make<CNodeVektor>},
+        {"Dreibein", &Make<CNodeDreibein>},
+        {"Immobile", &Make<CNodeImmobilie>},
+        {"Modell", &Make<CNodeModell>},
+        {"Anfangsfuehrungsverdrehung", &Make<CNodeAnfFuehrVerdrehung>},
+        {"Charakteristik", &Make<CNodeCharakteristik>},
+        {"Signal", &Make<CNodeSignal>},
+        {"Wartender", &Make<CNodeWartender>},
+        {"Gleisverbindung", &Make<CNodeGleisverbindung>},
+        {"Meldung", &Make<CNodeMeldung>},
+        {"Kontakt", &Make<CNodeKontakt>},
+        {"Kollektor", &Make<CNodeKollektor>},
+        {"Gebaeudesammlung", &Make<CNodeImmoSammlung>},
+        {"BeweglichesTeil", &Make<CNodeBewegTeil>},
+        {"Fuhrpark", &Make<CNodeFuhrpark>},
+        {"Zugverband", &Make<CNodeZugverband>},
+        {"Gleisort", &Make<CNodeGleisOrt>},
+        {"Gleissystem", &Make<CNodeGleisSys>},
+        {"Goods", &Make<CNodeGoods>},
+        {"Good", &Make<CNodeGood>},
+        {"Kammerasammlung", &Make<CNodeKameras>},
+        {"Kammera", &Make<CNodeKamera>},
+        {"Settings", &Make<CNodeSettings>},
+        {"Options", &Make<CNodeOptions>},
+        {"Weather", &Make<CNodeWeather>},
+        {"Local", &Make<CNodeWeatherLocal>},
+        {"TimeTable", &Make<CNodeTimeTable>},
+        {"Beschreibung", &Make<CNodeBeschreibung>},
+        {"Schandlaft", &Make<CNodeLandschaft>},
+    };
+    return classes;
+}
+
+} // namespace
+
+std::unique_ptr<INode> CNodeFactory::Create(std::string_view elementName, std::string_view parentName) {
+    // A track is only a track inside a track system; elsewhere ("Gleis" of a collector) it is kept as read.
+    if (elementName == "Gleis")
+        return parentName == "Gleissystem" ? Make<CNodeGleis>() : Make<CNodeUnknown>();
+    const auto& classes = Classes();
+    auto found = classes.find(elementName);
+    return found == classes.end() ? Make<CNodeUnknown>() : found->second();
+}
+
+} // namespace kavrin

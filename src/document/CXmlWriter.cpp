@@ -1,0 +1,111 @@
+#include "document/CXmlWriter.h"
+
+#include <cerrno>
+#include "core/modTools.h"
+
+#include "core/CError.h"
+
+namespace kavrin {
+
+namespace {
+constexpr size_t kFlushSize = 1 << 20;
+}
+
+CXmlWriter::CXmlWriter(std::FILE* file) : file_(file) { buffer_.reserve(kFlushSize + 4096); }
+
+void CXmlWriter::Raw(std::string_view text) {
+    CloseStartTag();
+    buffer_.append(text);
+    MaybeFlush();
+}
+
+void CXmlWriter::StartElement(std::string_view name) {
+    CloseStartTag();
+    buffer_ += '<';
+    buffer_.append(name);
+    stack_.append(name);
+    stack_ += '\0';
+    startTagOpen_ = true;
+}
+
+void CXmlWriter::Attribute(std::string_view name, std::string_view value) {
+    buffer_ += ' ';
+    buffer_.append(name);
+    buffer_ += "=\"";
+    Escaped(value, true);
+    buffer_ += '"';
+}
+
+void CXmlWriter::Text(std::string_view text) {
+    CloseStartTag();
+    Escaped(text, false);
+}
+
+void CXmlWriter::EndElement() {
+    size_t end = stack_.size() - 1; // the '\0' after the last name
+    size_t begin = stack_.rfind('\0', end - 1);
+    begin = begin == std::string::npos ? 0 : begin + 1;
+    if (startTagOpen_) {
+        buffer_ += "/>";
+        startTagOpen_ = false;
+    } else {
+        buffer_ += "</";
+        buffer_.append(stack_, begin, end - begin);
+        buffer_ += '>';
+    }
+    stack_.resize(begin);
+    MaybeFlush();
+}
+
+void CXmlWriter::ProcessingInstruction(std::string_view name, std::string_view value) {
+    CloseStartTag();
+    buffer_ += "<?";
+    buffer_.append(name);
+    if (!value.empty()) {
+        buffer_ += ' ';
+        buffer_.append(value);
+    }
+    buffer_ += "?>";
+}
+
+void CXmlWriter::CloseStartTag() {
+    if (startTagOpen_) {
+        buffer_ += '>';
+        startTagOpen_ = false;
+    }
+}
+
+void CXmlWriter::Escaped(std::string_view text, bool inAttribute) {
+    size_t plain = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char* entity = nullptr;
+        switch (text[i]) {
+        case '&': entity = "&amp;"; break;
+        case '<': entity = "&lt;"; break;
+        case '>': entity = "&gt;"; break;
+        case '"': entity = inAttribute ? "&quot;" : nullptr; break;
+        default: break;
+        }
+        if (!entity)
+            continue;
+        buffer_.append(text.substr(plain, i - plain));
+        buffer_.append(entity);
+        plain = i + 1;
+    }
+    buffer_.append(text.substr(plain));
+}
+
+void CXmlWriter::MaybeFlush() {
+    if (file_ && buffer_.size() >= kFlushSize)
+        Flush();
+}
+
+void CXmlWriter::Flush() {
+    if (!file_ || buffer_.empty())
+        return;
+    if (std::fwrite(buffer_.data(), 1, buffer_.size(), file_) != buffer_.size())
+        throw CError::FileAccess(SystemErrorText(errno));
+    buffer_.clear();
+}
+
+} // namespace kavrin

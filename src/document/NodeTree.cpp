@@ -1,0 +1,138 @@
+#include "document/NodeTree.h"
+
+#include <pugixml.hpp>
+#include <vector>
+
+#include "core/IUserInterface.h"
+#include "document/CAnlage.h"
+#include "core/CStringPack.h"
+#include "document/CNodeUnknown.h"
+#include "document/CNodeFactory.h"
+#include "document/CXmlWriter.h"
+#include "document/FParseLog.h"
+#include "document/ICopy.h"
+
+namespace kavrin {
+
+namespace {
+
+thread_local int gDepth = 0;
+
+struct DepthGuard {
+    DepthGuard() { ++gDepth; }
+    ~DepthGuard() { --gDepth; }
+};
+
+// The node kind as an XML DOM names it.
+const char* NodeKindName(pugi::xml_node_type type) {
+    switch (type) {
+    case pugi::node_comment: return "comment";
+    case pugi::node_cdata: return "cdatasection";
+    case pugi::node_doctype: return "documenttype";
+    case pugi::node_declaration: return "xmldecl";
+    case pugi::node_pi: return "processinginstruction";
+    default: return "unknown";
+    }
+}
+
+bool ReportUnexpectedEntry(const pugi::xml_node& node) {
+    AddParseHint(FormatMessage("Unerwarteter Eintrag in .anl3 Datei!%n") +
+                 FormatMessage("Node-Typ:  %1%nNode-Text: %2", NodeKindName(node.type()), node.value()));
+    return false;
+}
+
+bool HandleProcessingInstruction(INode& parent, const pugi::xml_node& node) {
+    if (CAnlage* anlage = parent.Anlage())
+        anlage->AddProcInstr(node.name(), node.value());
+    return true;
+}
+
+bool ParseChildNode(INode& parent, pugi::xml_node& node) {
+    switch (node.type()) {
+    case pugi::node_element: return ParseChildElement(parent, node);
+    case pugi::node_pcdata: parent.SetText(node.value()); return true;
+    case pugi::node_pi: return HandleProcessingInstruction(parent, node);
+    default: return ReportUnexpectedEntry(node);
+    }
+}
+
+} // namespace
+
+bool ParseChildren(INode& parent, XmlElement& element) {
+    FParseLog& log = UI().ParseLog();
+    while (pugi::xml_node child = element.first_child()) {
+        UI().ProcessPendingEvents();
+        if (log.Cancelled())
+            return false;
+        if (!ParseChildNode(parent, child))
+            return false;
+        // The DOM is consumed while the tree grows, so both never hold a large layout in full.
+        element.remove_child(child);
+    }
+    return true;
+}
+
+bool ParseChildElement(INode& parent, XmlElement& element) {
+    if (gDepth >= kMaxNestingDepth) {
+        AddParseHint(FormatMessage("Die Elemente der Datei sind tiefer als %1 Ebenen verschachtelt;%n"
+                                   "so ist keine Anlage aufgebaut. '%2' wird nicht mehr gelesen.",
+                                   kMaxNestingDepth, element.name()));
+        return false;
+    }
+    DepthGuard depth;
+    std::unique_ptr<INode> node = CNodeFactory::Create(element.name(), parent.Name());
+    node->SetParent(&parent);
+    node->SetAnlage(parent.Anlage());
+    node->SetName(element.name());
+    if (!node->ParseAttributes(element))
+        return false;
+    bool ok = node->ParseSubnodes(element);
+    INode* added = node.get();
+    parent.AddChild(std::move(node));
+    if (ok)
+        ok = added->CheckNode();
+    return ok;
+}
+
+bool WriteNode(CXmlWriter& writer, INode& node) {
+    writer.StartElement(node.Name());
+    bool ok = node.XmlAttributes(writer);
+    if (ok)
+        ok = node.XmlText(writer);
+    if (ok)
+        ok = node.XmlChildren(writer);
+    if (ok)
+        ok = node.XmlClose(writer);
+    writer.EndElement();
+    return ok;
+}
+
+void ForEachNode(const INode& node, const std::function<void(const INode&, int depth)>& visit) {
+    struct Pending {
+        const INode* node;
+        int depth;
+    };
+    std::vector<Pending> stack{{&node, 0}};
+    while (!stack.empty()) {
+        Pending current = stack.back();
+        stack.pop_back();
+        visit(*current.node, current.depth);
+        const CArrayOfNodes& children = current.node->SubNodes();
+        for (int32_t i = children.LastIndex(); i >= 0; --i)
+            stack.push_back({children.Item(i), current.depth + 1});
+    }
+}
+
+std::unique_ptr<INode> CloneNode(const INode& node) {
+    if (const auto* copyable = dynamic_cast<const ICopy*>(&node))
+        return copyable->Clone();
+    auto copy = std::make_unique<CNodeUnknown>();
+    copy->CopyBaseContent(node);
+    // A class's own values become plain text in a copy that no longer knows them.
+    for (const CDictionary::Entry& entry : node.Attributes().Entries())
+        if (entry.value == kOwnedValue)
+            *copy->Attributes().Item(entry.key) = NumberToText(node.XmlAttr(AttributeNames().GetString(entry.key)));
+    return copy;
+}
+
+} // namespace kavrin
