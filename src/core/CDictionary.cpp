@@ -15,7 +15,9 @@ const std::string* CDictionary::Item(int16_t key) const {
     return entry ? &entry->value : nullptr;
 }
 
-std::string* CDictionary::Item(int16_t key) { return const_cast<std::string*>(std::as_const(*this).Item(key)); }
+std::string* CDictionary::Item(int16_t key) {
+    return const_cast<std::string*>(std::as_const(*this).Item(key));
+}
 
 bool CDictionary::Delete(int16_t key) {
     auto it = std::find_if(entries_.begin(), entries_.end(), [key](const Entry& e) { return e.key == key; });

@@ -7,11 +7,17 @@ namespace kavrin {
 CError::CError(int number, std::string description)
     : std::runtime_error(description), number_(number), description_(std::move(description)) {}
 
-CError CError::Overflow() { return CError(6, "Überlauf"); }
+CError CError::Overflow() {
+    return CError(6, "Überlauf");
+}
 
-CError CError::TypeMismatch() { return CError(13, "Typen unverträglich"); }
+CError CError::TypeMismatch() {
+    return CError(13, "Typen unverträglich");
+}
 
-CError CError::SubscriptOutOfRange() { return CError(9, "Index außerhalb des gültigen Bereichs"); }
+CError CError::SubscriptOutOfRange() {
+    return CError(9, "Index außerhalb des gültigen Bereichs");
+}
 
 CError CError::FileAccess(const std::string& detail) {
     return CError(75, "Fehler beim Zugriff auf Pfad/Datei: " + detail);

@@ -9,7 +9,9 @@ const std::string kUnknownText = "? ? ?";
 constexpr size_t kGrowth = 20;
 } // namespace
 
-CStringPack::CStringPack() { texts_.resize(kGrowth + 1); }
+CStringPack::CStringPack() {
+    texts_.resize(kGrowth + 1);
+}
 
 int16_t CStringPack::PutString(std::string_view text) {
     auto found = index_.find(text);

@@ -14,7 +14,9 @@ namespace {
 
 UserNumberFormat gUserFormat;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 // Length of the longest prefix of text that reads as a decimal number with "." as point.
 size_t NumericPrefixLength(std::string_view text) {
@@ -61,7 +63,8 @@ double ParseDecimal(std::string_view number) {
     if (result.ec == std::errc::result_out_of_range) {
         // from_chars leaves the value alone when out of range: give what the runtime gives.
         bool negative = !number.empty() && number.front() == '-';
-        bool tiny = number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
+        bool tiny =
+            number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
         if (tiny)
             return negative ? -0.0 : 0.0;
         return negative ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
@@ -78,8 +81,7 @@ double WholeTextAsNumber(std::string_view text) {
     return ParseDecimal(text);
 }
 
-template <typename Int>
-Int RoundToInteger(double value) {
+template <typename Int> Int RoundToInteger(double value) {
     if (std::isnan(value))
         throw CError::Overflow();
     double rounded = std::nearbyint(value); // default rounding mode: ties to even
@@ -89,8 +91,7 @@ Int RoundToInteger(double value) {
     return static_cast<Int>(rounded);
 }
 
-template <typename Int>
-bool TryPlainInteger(std::string_view text, Int& out) {
+template <typename Int> bool TryPlainInteger(std::string_view text, Int& out) {
     // Fast path for the common case of plain decimal integers.
     const char* begin = text.data();
     const char* end = begin + text.size();
@@ -106,8 +107,7 @@ bool TryPlainInteger(std::string_view text, Int& out) {
     return true;
 }
 
-template <typename Int>
-Int TextToRuntimeInteger(std::string_view text) {
+template <typename Int> Int TextToRuntimeInteger(std::string_view text) {
     text = Trim(text);
     Int value{};
     if (TryPlainInteger(text, value))
@@ -118,7 +118,8 @@ Int TextToRuntimeInteger(std::string_view text) {
 // "0.######E-00": one digit, up to six decimals (point kept), exponent of at least two digits.
 std::string SmallNumberText(double value, int decimals) {
     char buffer[64];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, decimals);
+    auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, decimals);
     std::string text(buffer, result.ptr);
     size_t e = text.find('e');
     std::string mantissa = text.substr(0, e);
@@ -151,7 +152,8 @@ std::string GeneralNumberText(double value, int precision) {
 std::string FileNumberText(double value, int precision) {
     if (value == 0)
         return "0";
-    std::string text = std::fabs(value) < 0.034 ? SmallNumberText(value, 6) : GeneralNumberText(value, precision);
+    std::string text =
+        std::fabs(value) < 0.034 ? SmallNumberText(value, 6) : GeneralNumberText(value, precision);
     for (char& c : text)
         if (c == ',')
             c = '.';
@@ -200,10 +202,18 @@ std::string FormatMessageV(std::string_view templ, const std::vector<std::string
     return out;
 }
 
-std::string ArgText(const std::string& v) { return v; }
-std::string ArgText(std::string_view v) { return std::string(v); }
-std::string ArgText(const char* v) { return v ? std::string(v) : std::string(); }
-std::string ArgText(bool v) { return v ? "Wahr" : "Falsch"; }
+std::string ArgText(const std::string& v) {
+    return v;
+}
+std::string ArgText(std::string_view v) {
+    return std::string(v);
+}
+std::string ArgText(const char* v) {
+    return v ? std::string(v) : std::string();
+}
+std::string ArgText(bool v) {
+    return v ? "Wahr" : "Falsch";
+}
 
 std::string ArgText(double v) {
     std::string text = GeneralNumberText(v, 15);
@@ -213,11 +223,19 @@ std::string ArgText(double v) {
     return text;
 }
 
-void SetUserNumberFormat(UserNumberFormat format) { gUserFormat = format; }
-UserNumberFormat GetUserNumberFormat() { return gUserFormat; }
+void SetUserNumberFormat(UserNumberFormat format) {
+    gUserFormat = format;
+}
+UserNumberFormat GetUserNumberFormat() {
+    return gUserFormat;
+}
 
-std::string NumberToText(double value) { return FileNumberText(value, 15); }
-std::string NumberToText(float value) { return FileNumberText(static_cast<double>(value), 7); }
+std::string NumberToText(double value) {
+    return FileNumberText(value, 15);
+}
+std::string NumberToText(float value) {
+    return FileNumberText(static_cast<double>(value), 7);
+}
 
 std::string NumberToText(const Variant& value) {
     struct Visitor {
@@ -240,8 +258,12 @@ double TextToNumber(std::string_view text) {
     return length == 0 ? 0.0 : ParseDecimal(text.substr(0, length));
 }
 
-int32_t TextToLong(std::string_view text) { return TextToRuntimeInteger<int32_t>(text); }
-int16_t TextToInteger(std::string_view text) { return TextToRuntimeInteger<int16_t>(text); }
+int32_t TextToLong(std::string_view text) {
+    return TextToRuntimeInteger<int32_t>(text);
+}
+int16_t TextToInteger(std::string_view text) {
+    return TextToRuntimeInteger<int16_t>(text);
+}
 
 double TextToDouble(std::string_view text) {
     text = Trim(text);
@@ -269,17 +291,28 @@ int32_t TextToInt(std::string_view text) {
 std::string SystemErrorText(int errorNumber) {
     switch (errorNumber) {
     case EACCES:
-    case EPERM: return "keine Berechtigung";
-    case ENOENT: return "nicht vorhanden";
-    case ENOSPC: return "kein Platz mehr auf dem Datenträger";
-    case EROFS: return "Datenträger ist schreibgeschützt";
-    case EISDIR: return "ist ein Ordner";
-    case ENOTDIR: return "ein Teil des Pfades ist kein Ordner";
-    case EDQUOT: return "Speicherkontingent erschöpft";
-    case EIO: return "Ein-/Ausgabefehler";
-    case EBUSY: return "wird gerade benutzt";
-    case ENAMETOOLONG: return "Name zu lang";
-    default: return FormatMessage("Systemfehler %1", errorNumber);
+    case EPERM:
+        return "keine Berechtigung";
+    case ENOENT:
+        return "nicht vorhanden";
+    case ENOSPC:
+        return "kein Platz mehr auf dem Datenträger";
+    case EROFS:
+        return "Datenträger ist schreibgeschützt";
+    case EISDIR:
+        return "ist ein Ordner";
+    case ENOTDIR:
+        return "ein Teil des Pfades ist kein Ordner";
+    case EDQUOT:
+        return "Speicherkontingent erschöpft";
+    case EIO:
+        return "Ein-/Ausgabefehler";
+    case EBUSY:
+        return "wird gerade benutzt";
+    case ENAMETOOLONG:
+        return "Name zu lang";
+    default:
+        return FormatMessage("Systemfehler %1", errorNumber);
     }
 }
 
@@ -310,9 +343,13 @@ std::string SaveFileFilter(const std::string& extension) {
     return FormatMessage("%1-Dateien (*%1)|*%1", extension);
 }
 
-void ErrorBox(const std::string& text) { UI().ErrorBox(text); }
+void ErrorBox(const std::string& text) {
+    UI().ErrorBox(text);
+}
 
-bool Ask(const std::string& text) { return UI().Ask(text); }
+bool Ask(const std::string& text) {
+    return UI().Ask(text);
+}
 
 void ReportError(std::string_view procedure, const CError& failure, std::string_view text) {
     std::string caller = text.empty() ? FormatMessage("Es ist ein Fehler aufgetreten!") : std::string(text);

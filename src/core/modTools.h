@@ -26,13 +26,11 @@ std::string ArgText(const char* v);
 std::string ArgText(double v);
 std::string ArgText(bool v);
 template <typename T>
-    requires std::is_integral_v<T>
-std::string ArgText(T v) {
+requires std::is_integral_v<T> std::string ArgText(T v) {
     return std::to_string(v);
 }
 
-template <typename... Args>
-std::string FormatMessage(std::string_view templ, const Args&... args) {
+template <typename... Args> std::string FormatMessage(std::string_view templ, const Args&... args) {
     return FormatMessageV(templ, std::vector<std::string>{ArgText(args)...});
 }
 
@@ -59,8 +57,8 @@ int32_t TextToLong(std::string_view text);
 int16_t TextToInteger(std::string_view text);
 
 // Dialog input: trimmed, empty gives 0.
-double TextToDouble(std::string_view text);   // user's decimal separator; error 13 if no number
-int32_t TextToInt(std::string_view text);     // prefix conversion, rounded half to even
+double TextToDouble(std::string_view text); // user's decimal separator; error 13 if no number
+int32_t TextToInt(std::string_view text);   // prefix conversion, rounded half to even
 
 std::string_view Trim(std::string_view text);
 

@@ -21,7 +21,9 @@ void CAnlVersion::Report(const std::string& label) {
             labelIndex_ = i;
 }
 
-const std::string& CAnlVersion::Label() const { return kLabels[static_cast<size_t>(labelIndex_)]; }
+const std::string& CAnlVersion::Label() const {
+    return kLabels[static_cast<size_t>(labelIndex_)];
+}
 
 std::string CAnlVersion::Text() const {
     if (fileVersion_.empty())

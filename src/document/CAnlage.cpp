@@ -30,7 +30,9 @@ const int kCollectionIdOrder[] = {1, 2, 3, 6, 4, 5};
 
 CAnlage::CAnlage() = default;
 
-CAnlage::~CAnlage() { Clear(); }
+CAnlage::~CAnlage() {
+    Clear();
+}
 
 void CAnlage::Clear() {
     if (root_)
@@ -81,10 +83,9 @@ bool CAnlage::ParseDocument(const std::string& path) {
     pugi::xml_document document;
     pugi::xml_parse_result result = document.load_file(path.c_str(), kParseOptions, pugi::encoding_utf8);
     if (!result) {
-        ReportXmlParseError(result,
-                            FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
-                                          "Der xml-Parser kann sie nicht laden und meldet folgendes:",
-                                          path));
+        ReportXmlParseError(result, FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
+                                                  "Der xml-Parser kann sie nicht laden und meldet folgendes:",
+                                                  path));
         return false;
     }
     return ReadDocumentLevel(document) && BuildTree(document);
@@ -93,12 +94,15 @@ bool CAnlage::ParseDocument(const std::string& path) {
 bool CAnlage::ReadDocumentLevel(pugi::xml_document& document) {
     for (pugi::xml_node node : document.children()) {
         switch (node.type()) {
-        case pugi::node_element: break;
+        case pugi::node_element:
+            break;
         case pugi::node_declaration:
             for (pugi::xml_attribute attribute : node.attributes())
                 declaration_.emplace_back(attribute.name(), attribute.value());
             break;
-        case pugi::node_pi: AddProcInstr(node.name(), node.value()); break;
+        case pugi::node_pi:
+            AddProcInstr(node.name(), node.value());
+            break;
         default:
             AddParseHint(FormatMessage("Unerwarteter Eintrag in .anl3 Datei!%n") +
                          FormatMessage("Node-Typ:  %1%nNode-Text: %2",
@@ -142,7 +146,8 @@ void CAnlage::RepairBuildingCollectionIds() {
         ids.push_back(static_cast<int>(TextToNumber(AttributeText(*collection, "GebaudesammlungID"))));
     bool repaired = false;
     for (size_t i = 0; i < collections.size() && i < std::size(kCollectionIdOrder); ++i) {
-        bool valid = ids[i] >= 1 && ids[i] <= 6 && std::find(ids.begin(), ids.begin() + i, ids[i]) == ids.begin() + i;
+        bool valid =
+            ids[i] >= 1 && ids[i] <= 6 && std::find(ids.begin(), ids.begin() + i, ids[i]) == ids.begin() + i;
         int wanted = kCollectionIdOrder[i];
         if (valid || std::find(ids.begin(), ids.end(), wanted) != ids.end())
             continue;
@@ -153,10 +158,11 @@ void CAnlage::RepairBuildingCollectionIds() {
     if (!repaired)
         return;
     changedWhileLoading_ = true;
-    ErrorBox(FormatMessage("Diese Anlage wurde offensichtlich vom%nProgramm 'Planfuger' erstellt und seitdem nicht "
-                           "von EEP gespeichert.%mDie fehlerhafte ID der Gebäudesammlung wurde korrigiert!%m"
-                           "Weitere Informationen zu diesem Fehler finden Sie in der Datei%m'KurzAnleitung.pdf' "
-                           "im Kapitel 'Öffnen einer Anlage'%mim Installationsverzeichnis von Kavrin."));
+    ErrorBox(FormatMessage(
+        "Diese Anlage wurde offensichtlich vom%nProgramm 'Planfuger' erstellt und seitdem nicht "
+        "von EEP gespeichert.%mDie fehlerhafte ID der Gebäudesammlung wurde korrigiert!%m"
+        "Weitere Informationen zu diesem Fehler finden Sie in der Datei%m'KurzAnleitung.pdf' "
+        "im Kapitel 'Öffnen einer Anlage'%mim Installationsverzeichnis von Kavrin."));
 }
 
 // The terrain gives the plan its extent: it is complete when it names the grid (extX, extY),

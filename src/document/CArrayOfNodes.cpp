@@ -46,6 +46,8 @@ void CArrayOfNodes::RemoveAll() {
     nodes_.shrink_to_fit();
 }
 
-void CArrayOfNodes::Freeze() { nodes_.shrink_to_fit(); }
+void CArrayOfNodes::Freeze() {
+    nodes_.shrink_to_fit();
+}
 
 } // namespace kavrin

@@ -8,7 +8,9 @@
 
 namespace kavrin {
 
-void CChapters::Clear() { found_.clear(); }
+void CChapters::Clear() {
+    found_.clear();
+}
 
 void CChapters::Collect(const INode& root) {
     for (const auto& child : root.SubNodes())
@@ -26,8 +28,8 @@ bool CChapters::Found(const std::string& name) const {
 
 const std::vector<std::string>& CChapters::Expected() {
     static const std::vector<std::string> expected = {
-        "Version", "Gleissystem", "Fuhrpark", "Gebaeudesammlung", "Goods", "Kammerasammlung",
-        "Settings", "Options", "Weather", "TimeTable", "Beschreibung"};
+        "Version",  "Gleissystem", "Fuhrpark", "Gebaeudesammlung", "Goods",       "Kammerasammlung",
+        "Settings", "Options",     "Weather",  "TimeTable",        "Beschreibung"};
     return expected;
 }
 

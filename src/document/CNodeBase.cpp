@@ -9,12 +9,18 @@
 namespace kavrin {
 
 namespace {
-bool IsLargeCollection(std::string_view name) { return name == "Gleissystem" || name == "Gebaeudesammlung"; }
+bool IsLargeCollection(std::string_view name) {
+    return name == "Gleissystem" || name == "Gebaeudesammlung";
+}
 } // namespace
 
-const std::string& CNodeBase::Name() const { return ElementNames().GetString(nameIndex_); }
+const std::string& CNodeBase::Name() const {
+    return ElementNames().GetString(nameIndex_);
+}
 
-void CNodeBase::SetName(std::string_view name) { nameIndex_ = ElementNames().PutString(name); }
+void CNodeBase::SetName(std::string_view name) {
+    nameIndex_ = ElementNames().PutString(name);
+}
 
 bool CNodeBase::ParseAttributes(const XmlElement& element) {
     try {
@@ -53,7 +59,9 @@ bool CNodeBase::XmlAttributes(CXmlWriter& writer) {
     return true;
 }
 
-Variant CNodeBase::XmlAttr(std::string_view) const { return {}; }
+Variant CNodeBase::XmlAttr(std::string_view) const {
+    return {};
+}
 
 bool CNodeBase::XmlText(CXmlWriter& writer) {
     if (!text_.empty())
@@ -68,7 +76,9 @@ bool CNodeBase::XmlChildren(CXmlWriter& writer) {
     return true;
 }
 
-bool CNodeBase::XmlClose(CXmlWriter&) { return true; }
+bool CNodeBase::XmlClose(CXmlWriter&) {
+    return true;
+}
 
 bool CNodeBase::AddChild(std::unique_ptr<INode> child) {
     if (children_.UpperBound() < 0) {
@@ -88,7 +98,9 @@ void CNodeBase::Clear() {
     attributes_.Clear();
 }
 
-std::string CNodeBase::CheckAttribute(std::string_view, std::string_view value) { return std::string(value); }
+std::string CNodeBase::CheckAttribute(std::string_view, std::string_view value) {
+    return std::string(value);
+}
 
 void CNodeBase::CopyBaseContent(const INode& source) {
     SetName(source.Name());
@@ -112,6 +124,8 @@ bool CNodeBase::NoSubnodesAccepted() {
     return false;
 }
 
-std::string CNodeBase::Proc(std::string_view member) const { return std::string(ClassName()) + "." + std::string(member); }
+std::string CNodeBase::Proc(std::string_view member) const {
+    return std::string(ClassName()) + "." + std::string(member);
+}
 
 } // namespace kavrin

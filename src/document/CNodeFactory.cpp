@@ -11,8 +11,7 @@ namespace {
 
 using Creator = std::unique_ptr<INode> (*)();
 
-template <typename T>
-std::unique_ptr<INode> Make() {
+template <typename T> std::unique_ptr<INode> Make() {
     return std::make_unique<T>();
 }
 

@@ -11,7 +11,9 @@ IUserInterface& DefaultUI() {
 }
 } // namespace
 
-IUserInterface& UI() { return gUI ? *gUI : DefaultUI(); }
+IUserInterface& UI() {
+    return gUI ? *gUI : DefaultUI();
+}
 
 IUserInterface* SetUI(IUserInterface* ui) {
     IUserInterface* previous = gUI;

@@ -1,7 +1,7 @@
 #include "document/CXmlWriter.h"
 
-#include <cerrno>
 #include "core/modTools.h"
+#include <cerrno>
 
 #include "core/CError.h"
 
@@ -11,7 +11,9 @@ namespace {
 constexpr size_t kFlushSize = 1 << 20;
 }
 
-CXmlWriter::CXmlWriter(std::FILE* file) : file_(file) { buffer_.reserve(kFlushSize + 4096); }
+CXmlWriter::CXmlWriter(std::FILE* file) : file_(file) {
+    buffer_.reserve(kFlushSize + 4096);
+}
 
 void CXmlWriter::Raw(std::string_view text) {
     CloseStartTag();
@@ -80,11 +82,20 @@ void CXmlWriter::Escaped(std::string_view text, bool inAttribute) {
     for (size_t i = 0; i < text.size(); ++i) {
         const char* entity = nullptr;
         switch (text[i]) {
-        case '&': entity = "&amp;"; break;
-        case '<': entity = "&lt;"; break;
-        case '>': entity = "&gt;"; break;
-        case '"': entity = inAttribute ? "&quot;" : nullptr; break;
-        default: break;
+        case '&':
+            entity = "&amp;";
+            break;
+        case '<':
+            entity = "&lt;";
+            break;
+        case '>':
+            entity = "&gt;";
+            break;
+        case '"':
+            entity = inAttribute ? "&quot;" : nullptr;
+            break;
+        default:
+            break;
         }
         if (!entity)
             continue;

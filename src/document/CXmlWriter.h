@@ -34,7 +34,7 @@ private:
 
     std::FILE* file_ = nullptr;
     std::string buffer_;
-    std::string stack_;          // names of open elements, separated by '\0'
+    std::string stack_; // names of open elements, separated by '\0'
     bool startTagOpen_ = false;
 };
 

@@ -71,6 +71,8 @@ void FParseLog::SetListener(std::function<void(const std::string&, bool)> listen
 
 namespace kavrin {
 
-void AddParseHint(const std::string& text) { UI().ParseLog().ErrLog(text, true); }
+void AddParseHint(const std::string& text) {
+    UI().ParseLog().ErrLog(text, true);
+}
 
 } // namespace kavrin

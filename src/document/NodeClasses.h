@@ -6,10 +6,10 @@
 
 namespace kavrin {
 
-#define KAVRIN_PLAIN_NODE(ClassNameId)                                                                     \
-    class ClassNameId : public CNodeUnknown {                                                              \
-    public:                                                                                                \
-        const char* ClassName() const override { return #ClassNameId; }                                    \
+#define KAVRIN_PLAIN_NODE(ClassNameId)                                                                       \
+    class ClassNameId : public CNodeUnknown {                                                                \
+    public:                                                                                                  \
+        const char* ClassName() const override { return #ClassNameId; }                                      \
     };
 
 KAVRIN_PLAIN_NODE(CNodeVektor)

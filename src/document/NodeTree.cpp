@@ -3,11 +3,11 @@
 #include <pugixml.hpp>
 #include <vector>
 
+#include "core/CStringPack.h"
 #include "core/IUserInterface.h"
 #include "document/CAnlage.h"
-#include "core/CStringPack.h"
-#include "document/CNodeUnknown.h"
 #include "document/CNodeFactory.h"
+#include "document/CNodeUnknown.h"
 #include "document/CXmlWriter.h"
 #include "document/FParseLog.h"
 #include "document/ICopy.h"
@@ -26,12 +26,18 @@ struct DepthGuard {
 // The node kind as an XML DOM names it.
 const char* NodeKindName(pugi::xml_node_type type) {
     switch (type) {
-    case pugi::node_comment: return "comment";
-    case pugi::node_cdata: return "cdatasection";
-    case pugi::node_doctype: return "documenttype";
-    case pugi::node_declaration: return "xmldecl";
-    case pugi::node_pi: return "processinginstruction";
-    default: return "unknown";
+    case pugi::node_comment:
+        return "comment";
+    case pugi::node_cdata:
+        return "cdatasection";
+    case pugi::node_doctype:
+        return "documenttype";
+    case pugi::node_declaration:
+        return "xmldecl";
+    case pugi::node_pi:
+        return "processinginstruction";
+    default:
+        return "unknown";
     }
 }
 
@@ -49,10 +55,15 @@ bool HandleProcessingInstruction(INode& parent, const pugi::xml_node& node) {
 
 bool ParseChildNode(INode& parent, pugi::xml_node& node) {
     switch (node.type()) {
-    case pugi::node_element: return ParseChildElement(parent, node);
-    case pugi::node_pcdata: parent.SetText(node.value()); return true;
-    case pugi::node_pi: return HandleProcessingInstruction(parent, node);
-    default: return ReportUnexpectedEntry(node);
+    case pugi::node_element:
+        return ParseChildElement(parent, node);
+    case pugi::node_pcdata:
+        parent.SetText(node.value());
+        return true;
+    case pugi::node_pi:
+        return HandleProcessingInstruction(parent, node);
+    default:
+        return ReportUnexpectedEntry(node);
     }
 }
 
@@ -131,7 +142,8 @@ std::unique_ptr<INode> CloneNode(const INode& node) {
     // A class's own values become plain text in a copy that no longer knows them.
     for (const CDictionary::Entry& entry : node.Attributes().Entries())
         if (entry.value == kOwnedValue)
-            *copy->Attributes().Item(entry.key) = NumberToText(node.XmlAttr(AttributeNames().GetString(entry.key)));
+            *copy->Attributes().Item(entry.key) =
+                NumberToText(node.XmlAttr(AttributeNames().GetString(entry.key)));
     return copy;
 }
 

@@ -42,8 +42,8 @@ SafeFileWriter::SafeFileWriter(const std::string& path) : path_(path) {
     name.push_back('\0');
     int fd = ::mkstemp(name.data());
     if (fd < 0)
-        throw CError::FileAccess(FormatMessage("Im Ordner '%1' kann keine Datei angelegt werden (%2).", folder,
-                                               SystemErrorText(errno)));
+        throw CError::FileAccess(FormatMessage("Im Ordner '%1' kann keine Datei angelegt werden (%2).",
+                                               folder, SystemErrorText(errno)));
     tempPath_ = name.data();
     file_ = ::fdopen(fd, "wb");
     if (!file_) {
@@ -54,7 +54,9 @@ SafeFileWriter::SafeFileWriter(const std::string& path) : path_(path) {
     }
 }
 
-SafeFileWriter::~SafeFileWriter() { Discard(); }
+SafeFileWriter::~SafeFileWriter() {
+    Discard();
+}
 
 void SafeFileWriter::Commit() {
     if (std::fflush(file_) != 0 || ::fsync(::fileno(file_)) != 0 ||
@@ -68,8 +70,8 @@ void SafeFileWriter::Commit() {
     if (std::fclose(file) != 0 || std::rename(tempPath_.c_str(), path_.c_str()) != 0) {
         int err = errno;
         Discard();
-        throw CError::FileAccess(FormatMessage("'%1' kann nicht geschrieben werden (%2).", path_,
-                                               SystemErrorText(err)));
+        throw CError::FileAccess(
+            FormatMessage("'%1' kann nicht geschrieben werden (%2).", path_, SystemErrorText(err)));
     }
     tempPath_.clear();
 }

@@ -30,8 +30,12 @@ void WriteFile(const std::string& path, const std::string& content) {
     out << content;
 }
 
-std::string SamplesDir() { return KAVRIN_SAMPLES_DIR; }
+std::string SamplesDir() {
+    return KAVRIN_SAMPLES_DIR;
+}
 
-std::string SamplePath(const std::string& name) { return SamplesDir() + "/" + name; }
+std::string SamplePath(const std::string& name) {
+    return SamplesDir() + "/" + name;
+}
 
 } // namespace kavrin::test

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+#include "../document/LayoutText.h"
+#include "TestSupport.h"
+#include "cli/CCommandLine.h"
+
+using namespace kavrin;
+
+namespace {
+
+struct CliRun {
+    explicit CliRun(const std::vector<std::string>& args) {
+        CCommandLine commandLine(out, err);
+        status = commandLine.Run(args);
+    }
+    std::ostringstream out;
+    std::ostringstream err;
+    int status = -1;
+};
+
+TEST(CommandLine, WrongUsageExitsWithTwo) {
+    for (const auto& args : std::vector<std::vector<std::string>>{
+             {}, {"info"}, {"save", "a"}, {"loeschen", "x"}, {"check", "a", "b"}}) {
+        CliRun run(args);
+        EXPECT_EQ(run.status, CCommandLine::kUsage);
+        EXPECT_NE(run.err.str().find("kavrin-cli --help"), std::string::npos);
+    }
+}
+
+TEST(CommandLine, HelpNamesEveryCommand) {
+    CliRun run({"--help"});
+    EXPECT_EQ(run.status, CCommandLine::kOk);
+    for (const char* command : {"info DATEI", "check DATEI", "save EIN AUS"})
+        EXPECT_NE(run.out.str().find(command), std::string::npos) << command;
+}
+
+TEST(CommandLine, InfoReportsVersionChaptersAndCounts) {
+    CliRun run({"info", test::SamplePath("Screenshots.anl3")});
+    ASSERT_EQ(run.status, CCommandLine::kOk) << run.err.str();
+    const std::string out = run.out.str();
+    EXPECT_NE(out.find("Version: "), std::string::npos);
+    EXPECT_NE(out.find("EEP 15"), std::string::npos);
+    EXPECT_NE(out.find("Abschnitte: Version Gleissystem"), std::string::npos);
+    EXPECT_NE(out.find("  Kammera: 160\n"), std::string::npos);
+    EXPECT_NE(out.find("Hinweise: 0"), std::string::npos);
+}
+
+TEST(CommandLine, CheckPrintsHintsAndTellsLoadFromFailure) {
+    test::TempDir dir;
+    std::string text = test::LayoutText();
+    text.erase(text.find("<Kammerasammlung/>"), 18);
+    test::WriteFile(dir.File("ok.anl3"), text);
+    CliRun ok({"check", dir.File("ok.anl3")});
+    EXPECT_EQ(ok.status, CCommandLine::kOk);
+    EXPECT_NE(ok.out.str().find("Der Abschnitt mit den Kameras fehlt."), std::string::npos);
+
+    test::WriteFile(dir.File("bad.anl3"), "<a>");
+    CliRun bad({"check", dir.File("bad.anl3")});
+    EXPECT_EQ(bad.status, CCommandLine::kFailed);
+    EXPECT_NE(bad.err.str().find("ist offensichtlich keine Anlagen-Datei."), std::string::npos);
+    EXPECT_EQ(bad.err.str().find('\r'), std::string::npos);
+}
+
+TEST(CommandLine, SaveWritesTheLayoutAndFailsWithoutTouchingAnything) {
+    test::TempDir dir;
+    test::WriteFile(dir.File("in.anl3"), test::LayoutText());
+    CliRun save({"save", dir.File("in.anl3"), dir.File("out.anl3")});
+    EXPECT_EQ(save.status, CCommandLine::kOk);
+    EXPECT_EQ(test::ReadFile(dir.File("out.anl3")), test::LayoutText());
+
+    CliRun missing({"save", dir.File("fehlt.anl3"), dir.File("out2.anl3")});
+    EXPECT_EQ(missing.status, CCommandLine::kFailed);
+    EXPECT_FALSE(std::filesystem::exists(dir.File("out2.anl3")));
+
+    CliRun unwritable({"save", dir.File("in.anl3"), dir.File("kein/ordner.anl3")});
+    EXPECT_EQ(unwritable.status, CCommandLine::kFailed);
+    EXPECT_NE(unwritable.err.str().find("Die Anlage wurde NICHT gespeichert!!"), std::string::npos);
+}
+
+} // namespace

@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include "core/CArrayOfLong.h"
+#include "core/CDictionary.h"
+#include "core/CError.h"
+#include "core/CStringPack.h"
+
+using namespace kavrin;
+
+namespace {
+
+std::vector<int32_t> Entries(const CArrayOfLong& array) {
+    std::vector<int32_t> out;
+    for (int32_t i = array.FirstIndex(); i <= array.LastIndex(); ++i)
+        out.push_back(array.Item(i));
+    return out;
+}
+
+TEST(CArrayOfLong, NewArrayAndFirstStorage) {
+    CArrayOfLong array;
+    EXPECT_EQ(array.Count(), 0);
+    EXPECT_EQ(array.LastIndex(), -1);
+    EXPECT_EQ(array.UpperBound(), -1);
+    array.Add(7);
+    EXPECT_EQ(array.UpperBound(), 10); // initial size 10: indices 0..10
+    EXPECT_EQ(array.Count(), 1);
+    EXPECT_EQ(array.Item(0), 7);
+}
+
+TEST(CArrayOfLong, GrowsLinearlyByTheStep) {
+    CArrayOfLong array;
+    array.Size(2, 3);
+    std::vector<int32_t> bounds;
+    for (int i = 0; i < 10; ++i) {
+        array.Add(i);
+        bounds.push_back(array.UpperBound());
+    }
+    EXPECT_EQ(bounds, (std::vector<int32_t>{2, 2, 2, 5, 5, 5, 8, 8, 8, 11}));
+    EXPECT_EQ(Entries(array), (std::vector<int32_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
+TEST(CArrayOfLong, SizeKeepsTheStepUnlessPositive) {
+    CArrayOfLong array;
+    array.Size(200, 0);
+    EXPECT_EQ(array.InitialSize(), 200);
+    EXPECT_EQ(array.GrowthStep(), 5);
+    array.Size(50, 50);
+    EXPECT_EQ(array.GrowthStep(), 50);
+}
+
+TEST(CArrayOfLong, ClearKeepsStorageRemoveAllReleasesIt) {
+    CArrayOfLong array;
+    for (int i = 1; i <= 12; ++i)
+        array.Add(i);
+    int32_t bound = array.UpperBound();
+    array.Clear();
+    EXPECT_EQ(array.UpperBound(), bound);
+    EXPECT_EQ(array.Count(), 0);
+    EXPECT_EQ(array.Item(3), 0); // storage re-created with zeros
+    array.RemoveAll();
+    EXPECT_EQ(array.UpperBound(), -1);
+    EXPECT_THROW(array.Item(0), CError);
+}
+
+TEST(CArrayOfLong, FindAddUniqueCompactAndBounds) {
+    CArrayOfLong array;
+    for (int v : {5, 3, 5, 9, 5})
+        array.Add(v);
+    EXPECT_EQ(array.Find(9), 3);
+    EXPECT_EQ(array.Find(4), CArrayOfLong::NoIndex());
+    EXPECT_EQ(array.AddUnique(3), 1);
+    EXPECT_EQ(array.AddUnique(4), 5);
+    array.Compact(7); // not present: nothing changes
+    EXPECT_EQ(Entries(array), (std::vector<int32_t>{5, 3, 5, 9, 5, 4}));
+    array.Compact(5);
+    EXPECT_EQ(Entries(array), (std::vector<int32_t>{3, 9, 4}));
+    try {
+        array.Item(11);
+        FAIL() << "an index beyond the storage must fail";
+    } catch (const CError& e) {
+        EXPECT_EQ(e.Number(), 9);
+    }
+}
+
+TEST(CArrayOfLong, FreezeTrimsAndAddStillWorks) {
+    CArrayOfLong array;
+    array.Add(1);
+    array.Add(2);
+    array.Freeze();
+    EXPECT_EQ(array.UpperBound(), 1);
+    array.Add(3);
+    EXPECT_EQ(Entries(array), (std::vector<int32_t>{1, 2, 3}));
+    CArrayOfLong empty;
+    empty.Freeze();
+    EXPECT_EQ(empty.UpperBound(), -1);
+}
+
+TEST(CStringPack, IndicesAreStableAndCaseSensitive) {
+    CStringPack pack;
+    int16_t a = pack.PutString("Gleis");
+    EXPECT_EQ(a, 1);
+    EXPECT_EQ(pack.PutString("Gleis"), a);
+    int16_t b = pack.PutString("gleis");
+    EXPECT_NE(a, b);
+    EXPECT_EQ(pack.GetString(a), "Gleis");
+    EXPECT_EQ(pack.GetString(b), "gleis");
+    EXPECT_EQ(pack.GetIndex("GLEIS"), 0);
+    EXPECT_EQ(pack.GetIndex("gleis"), b);
+    EXPECT_EQ(pack.GetString(0), "? ? ?");
+    EXPECT_EQ(pack.GetString(3), "? ? ?");
+    EXPECT_EQ(pack.PutString(""), 3);
+}
+
+TEST(CStringPack, GrowsPastItsFirstTwentyAndOverflowsAt32767) {
+    CStringPack pack;
+    for (int i = 1; i <= CStringPack::kMaxTexts; ++i)
+        ASSERT_EQ(pack.PutString("t" + std::to_string(i)), i);
+    EXPECT_EQ(pack.GetString(21), "t21");
+    EXPECT_EQ(pack.PutString("t5"), 5);
+    try {
+        pack.PutString("one too many");
+        FAIL();
+    } catch (const CError& e) {
+        EXPECT_EQ(e.Number(), 6);
+    }
+    EXPECT_EQ(pack.Count(), CStringPack::kMaxTexts);
+}
+
+TEST(CDictionary, KeepsInsertionOrder) {
+    CDictionary dictionary;
+    dictionary.Add(5, "a");
+    dictionary.Add(2, "b");
+    dictionary.Add(9, "c");
+    ASSERT_TRUE(dictionary.Delete(2));
+    EXPECT_FALSE(dictionary.Delete(2));
+    ASSERT_EQ(dictionary.Count(), 2);
+    EXPECT_EQ(dictionary.Entries()[0].key, 5);
+    EXPECT_EQ(dictionary.Entries()[1].value, "c");
+    EXPECT_EQ(*dictionary.Item(9), "c");
+    EXPECT_EQ(dictionary.Item(4), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,255 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <regex>
+#include <unistd.h>
+
+#include "LayoutText.h"
+#include "TestSupport.h"
+#include "document/CAnlage.h"
+#include "document/CNodeUnknown.h"
+#include "document/NodeAttributes.h"
+
+using namespace kavrin;
+
+namespace {
+
+// The only change a save may make to a file written by the simulator: <X></X> becomes <X/>.
+std::string WithShortEmptyElements(const std::string& text) {
+    static const std::regex emptyPair(R"(<([A-Za-z_0-9:]+)((?:\s[^<>]*?)?)></\1>)");
+    std::string out;
+    std::sregex_iterator it(text.begin(), text.end(), emptyPair), end;
+    size_t last = 0;
+    for (; it != end; ++it) {
+        const std::smatch& m = *it;
+        if (m[2].length() > 0 && m[2].str().back() == '/')
+            continue;
+        out.append(text, last, static_cast<size_t>(m.position()) - last);
+        out += "<" + m[1].str() + m[2].str() + "/>";
+        last = static_cast<size_t>(m.position() + m.length());
+    }
+    out.append(text, last, std::string::npos);
+    return out;
+}
+
+class LoadSave : public ::testing::Test {
+protected:
+    bool LoadText(const std::string& text) {
+        test::WriteFile(path, text);
+        return anlage.Load(path);
+    }
+    std::string SaveAndRead() {
+        std::string out = dir.File("out.anl3");
+        EXPECT_TRUE(anlage.Save(out));
+        return test::ReadFile(out);
+    }
+    std::vector<std::string> TempLeftovers() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(dir.Path()))
+            if (entry.path().filename().string().rfind(".kavrin", 0) == 0)
+                names.push_back(entry.path().string());
+        return names;
+    }
+    test::RecordingScope scope;
+    test::TempDir dir;
+    std::string path = dir.File("Anlage.anl3");
+    CAnlage anlage;
+};
+
+TEST_F(LoadSave, EverySampleRoundTripsUnchanged) {
+    int samples = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
+        if (entry.path().extension() != ".anl3")
+            continue;
+        ++samples;
+        std::string original = test::ReadFile(entry.path().string());
+        ASSERT_TRUE(anlage.Load(entry.path().string())) << entry.path();
+        EXPECT_TRUE(scope.ui.errors.empty()) << entry.path();
+        EXPECT_EQ(SaveAndRead(), WithShortEmptyElements(original)) << entry.path();
+    }
+    EXPECT_EQ(samples, 8);
+}
+
+TEST_F(LoadSave, KeepsDeclarationRootAttributesLineFeedsAndInstructions) {
+    std::string text = test::LayoutText("<TexText Text=\"a\nb\" Leer=\"\"/>");
+    text.replace(text.find("<sutrackp>"), 10,
+                 "<?kavrin hinweis?><sutrackp xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                 "xsi:noNamespaceSchemaLocation=\"x.xsd\">");
+    text.replace(0, text.find("?>") + 2, "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>");
+    ASSERT_TRUE(LoadText(text));
+    EXPECT_EQ(SaveAndRead(), WithShortEmptyElements(text));
+}
+
+TEST_F(LoadSave, VersionChaptersAndHints) {
+    ASSERT_TRUE(LoadText(test::LayoutText()));
+    EXPECT_EQ(anlage.Version().FileVersion(), "15");
+    EXPECT_TRUE(anlage.FoundChapter().Found("Gleissystem"));
+    EXPECT_TRUE(scope.ui.parseLog.Hints().empty());
+    EXPECT_FALSE(anlage.Changed());
+    EXPECT_EQ(scope.ui.statuses.front(), "wird aufgebaut ...");
+}
+
+TEST_F(LoadSave, MissingChaptersAreHintsNotFailures) {
+    std::string text = test::LayoutText();
+    for (const char* chapter : {"<Kammerasammlung/>", "<Fuhrpark FuhrparkID=\"1\"/>"})
+        text.erase(text.find(chapter), std::strlen(chapter));
+    ASSERT_TRUE(LoadText(text));
+    const auto& hints = scope.ui.parseLog.Hints();
+    ASSERT_EQ(hints.size(), 2u);
+    EXPECT_EQ(hints[0], "Der Abschnitt \"Fuhrpark\" fehlt vollständig");
+    EXPECT_EQ(hints[1], "Der Abschnitt mit den Kameras fehlt.");
+}
+
+TEST_F(LoadSave, MissingOrIncompleteTerrainIsRefused) {
+    const std::string terrains[] = {
+        "<Beschreibung/>",                                                              // none at all
+        "<Schandlaft extX=\"75\" extY=\"75\" posX=\"0\" dichte=\"0.0015\"/>",           // no posY
+        "<Schandlaft extX=\"0\" extY=\"75\" posX=\"0\" posY=\"0\" dichte=\"0.0015\"/>", // empty grid
+        "<Schandlaft extX=\"75\" extY=\"75\" posX=\"0\" posY=\"0\" dichte=\"x\"/>",     // no density
+    };
+    for (const std::string& terrain : terrains) {
+        scope.ui.errors.clear();
+        EXPECT_FALSE(LoadText(test::LayoutText("", terrain))) << terrain;
+        ASSERT_EQ(scope.ui.errors.size(), 1u) << terrain;
+        EXPECT_EQ(scope.ui.errors[0], "Der Abschnitt \"Schandlaft\" fehlt oder ist unvollständig;\r\n"
+                                      "somit fehlen die Grunddaten der Anlage!");
+        EXPECT_EQ(anlage.RootNode(), nullptr);
+    }
+}
+
+TEST_F(LoadSave, WrongBuildingCollectionIdIsRepaired) {
+    std::string collections;
+    for (int id : {1, 2, 3, 0, 4, 5})
+        collections += "<Gebaeudesammlung GebaudesammlungID=\"" + std::to_string(id) + "\"/>";
+    ASSERT_TRUE(LoadText(test::LayoutText(collections)));
+    ASSERT_EQ(scope.ui.errors.size(), 1u);
+    EXPECT_EQ(
+        scope.ui.errors[0].rfind("Diese Anlage wurde offensichtlich vom\r\nProgramm 'Planfuger' erstellt", 0),
+        0u);
+    EXPECT_TRUE(anlage.ChangedWhileLoading());
+    EXPECT_TRUE(anlage.Changed());
+    std::string saved = SaveAndRead();
+    EXPECT_NE(
+        saved.find("<Gebaeudesammlung GebaudesammlungID=\"3\"/><Gebaeudesammlung GebaudesammlungID=\"6\"/>"),
+        std::string::npos);
+}
+
+TEST_F(LoadSave, CorrectBuildingCollectionIdsAreLeftAlone) {
+    std::string collections;
+    for (int id : {1, 2, 3, 6, 4, 5})
+        collections += "<Gebaeudesammlung GebaudesammlungID=\"" + std::to_string(id) + "\"/>";
+    ASSERT_TRUE(LoadText(test::LayoutText(collections)));
+    EXPECT_TRUE(scope.ui.errors.empty());
+    EXPECT_FALSE(anlage.Changed());
+}
+
+TEST_F(LoadSave, BadFilesAreRefusedWithTheParserReport) {
+    std::string layout = test::LayoutText();
+    const std::pair<std::string, std::string> cases[] = {
+        {"kein XML, nur Text", "Fehlercode: 16  (0x10)"},
+        {"", "Fehlercode: 16  (0x10)"},
+        {layout.substr(0, layout.size() / 2), "Fehlercode: 14  (0xE)"},
+        {"<a><b></a>", "Der Fehler entsteht in der Nähe des 9. Zeichen"},
+    };
+    for (const auto& [content, expected] : cases) {
+        scope.ui.errors.clear();
+        EXPECT_FALSE(LoadText(content));
+        ASSERT_EQ(scope.ui.errors.size(), 1u);
+        const std::string& error = scope.ui.errors[0];
+        EXPECT_EQ(error.rfind("Die Datei\r\n" + path + "\r\nist offensichtlich keine Anlagen-Datei.", 0), 0u);
+        EXPECT_NE(error.find(expected), std::string::npos) << error;
+        EXPECT_NE(error.find("Fehlertext: "), std::string::npos);
+        EXPECT_EQ(anlage.RootNode(), nullptr);
+    }
+}
+
+TEST_F(LoadSave, CommentInsideTheTreeStopsTheLoad) {
+    EXPECT_FALSE(LoadText(test::LayoutText("<X><!-- Kommentar --></X>")));
+    ASSERT_EQ(scope.ui.parseLog.Hints().size(), 1u);
+    EXPECT_NE(scope.ui.parseLog.Hints()[0].find("Unerwarteter Eintrag"), std::string::npos);
+    EXPECT_EQ(anlage.RootNode(), nullptr);
+    EXPECT_FALSE(LoadText("<!-- vorne -->" + test::LayoutText().substr(39)));
+}
+
+TEST_F(LoadSave, MissingFileAndFolderAreRefused) {
+    EXPECT_FALSE(anlage.Load(dir.File("gibtsnicht.anl3")));
+    EXPECT_FALSE(anlage.Load(dir.Path().string()));
+    ASSERT_EQ(scope.ui.errors.size(), 2u);
+    EXPECT_NE(scope.ui.errors[0].find("existiert nicht"), std::string::npos);
+    EXPECT_NE(scope.ui.errors[1].find("ist ein Ordner"), std::string::npos);
+}
+
+TEST_F(LoadSave, HugeAttributeLoadsAndSaves) {
+    std::string big(10 * 1024 * 1024, 'x');
+    big[5] = '&'; // escaped on the way out, decoded on the way in
+    std::string text =
+        test::LayoutText("<Beschreibung Text=\"" + std::string(big).replace(5, 1, "&amp;") + "\"/>");
+    ASSERT_TRUE(LoadText(text));
+    EXPECT_EQ(SaveAndRead(), text);
+}
+
+TEST_F(LoadSave, CancelledLoadFails) {
+    scope.ui.cancelAfterRounds = 5;
+    EXPECT_FALSE(LoadText(test::LayoutText()));
+    EXPECT_TRUE(scope.ui.parseLog.Cancelled());
+    EXPECT_NE(scope.ui.parseLog.LogText().find("Sie haben das Einlesen der Anlage abgebrochen!"),
+              std::string::npos);
+}
+
+TEST_F(LoadSave, FailedSaveLeavesTheOldFileAndNoTemporaryFile) {
+    ASSERT_TRUE(LoadText(test::LayoutText()));
+    std::string target = dir.File("alt.anl3");
+    test::WriteFile(target, "alter Inhalt");
+    // A node that refuses to be written makes the save fail half-way.
+    class Refusing : public CNodeUnknown {
+        bool XmlAttributes(CXmlWriter&) override { return false; }
+    };
+    auto refusing = std::make_unique<Refusing>();
+    refusing->SetName("Kaputt");
+    anlage.RootNode()->AddChild(std::move(refusing));
+    anlage.SetChanged(true);
+    EXPECT_FALSE(anlage.Save(target));
+    EXPECT_EQ(test::ReadFile(target), "alter Inhalt");
+    EXPECT_TRUE(TempLeftovers().empty());
+    EXPECT_TRUE(anlage.Changed());
+    ASSERT_EQ(scope.ui.errors.size(), 1u);
+    EXPECT_EQ(
+        scope.ui.errors[0].rfind("Die Anlage wurde NICHT gespeichert!!\r\n\r\nProzedur: CAnlage.Save", 0),
+        0u);
+}
+
+TEST_F(LoadSave, SaveIntoUnwritablePlacesFailsCleanly) {
+    ASSERT_TRUE(LoadText(test::LayoutText()));
+    anlage.SetChanged(true);
+    std::vector<std::string> targets = {dir.File("fehlt/x.anl3"), dir.Path().string(),
+                                        "/proc/kavrin-test.anl3"};
+    if (geteuid() != 0) {
+        std::filesystem::create_directory(dir.File("nurlesen"));
+        std::filesystem::permissions(dir.File("nurlesen"),
+                                     std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+        targets.push_back(dir.File("nurlesen/x.anl3"));
+    }
+    for (const std::string& target : targets) {
+        scope.ui.errors.clear();
+        EXPECT_FALSE(anlage.Save(target)) << target;
+        ASSERT_EQ(scope.ui.errors.size(), 1u) << target;
+        EXPECT_NE(scope.ui.errors[0].find("Fehler 75"), std::string::npos) << scope.ui.errors[0];
+        EXPECT_TRUE(anlage.Changed());
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(dir.Path()));
+}
+
+TEST_F(LoadSave, SaveReplacesAnExistingFileAndKeepsItsPermissions) {
+    ASSERT_TRUE(LoadText(test::LayoutText()));
+    std::string target = dir.File("ziel.anl3");
+    test::WriteFile(target, "alt");
+    std::filesystem::permissions(target, std::filesystem::perms(0640));
+    ASSERT_TRUE(anlage.Save(target));
+    EXPECT_EQ(test::ReadFile(target), test::LayoutText());
+    EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms(0640));
+    EXPECT_EQ(anlage.FilePath(), target);
+    EXPECT_TRUE(TempLeftovers().empty());
+}
+
+} // namespace
