@@ -80,7 +80,7 @@ bool CNodeBase::XmlClose(CXmlWriter&) {
     return true;
 }
 
-bool CNodeBase::AddChild(std::unique_ptr<INode> child) {
+bool CNodeBase::AddChild(std::unique_ptr<INode>& child) {
     if (children_.UpperBound() < 0) {
         if (IsLargeCollection(Name()))
             children_.Size(500, 500);
@@ -113,7 +113,7 @@ void CNodeBase::CopyBaseContent(const INode& source) {
         auto copy = CloneNode(*child);
         copy->SetParent(this);
         copy->SetAnlage(Anlage());
-        AddChild(std::move(copy));
+        AddChild(copy);
     }
 }
 

@@ -32,7 +32,7 @@ public:
     bool XmlChildren(CXmlWriter& writer) override;
     bool XmlClose(CXmlWriter& writer) override;
 
-    bool AddChild(std::unique_ptr<INode> child) override;
+    bool AddChild(std::unique_ptr<INode>& child) override;
     void Clear() override;
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
 

@@ -45,7 +45,9 @@ public:
     // Last hook before the element is closed.
     virtual bool XmlClose(CXmlWriter& writer) = 0;
 
-    virtual bool AddChild(std::unique_ptr<INode> child) = 0;
+    // Offers a parsed child. A class that keeps it takes it out of `child`; one that only reads
+    // it (a vector, a connection) leaves it there and the caller releases it.
+    virtual bool AddChild(std::unique_ptr<INode>& child) = 0;
     virtual void Clear() = 0;
     // The text to keep for an attribute; kOwnedValue when the class keeps it itself.
     virtual std::string CheckAttribute(std::string_view name, std::string_view value) = 0;

@@ -99,10 +99,16 @@ bool ParseChildElement(INode& parent, XmlElement& element) {
         return false;
     bool ok = node->ParseSubnodes(element);
     INode* added = node.get();
-    parent.AddChild(std::move(node));
+    // The parent may keep the node or only read it; in the latter case it dies with `node`.
+    parent.AddChild(node);
     if (ok)
         ok = added->CheckNode();
     return ok;
+}
+
+void AppendChild(INode& parent, std::unique_ptr<INode> child) {
+    child->SetParent(&parent);
+    parent.AddChild(child);
 }
 
 bool WriteNode(CXmlWriter& writer, INode& node) {

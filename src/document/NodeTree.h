@@ -14,6 +14,8 @@ inline constexpr int kMaxNestingDepth = 500;
 bool ParseChildren(INode& parent, XmlElement& element);
 // Parses one child element into a new node created by the factory and adds it to parent.
 bool ParseChildElement(INode& parent, XmlElement& element);
+// Appends a child the parent is meant to keep (built in code, not parsed).
+void AppendChild(INode& parent, std::unique_ptr<INode> child);
 // Writes a node as an element: attributes, text, children, close hook.
 bool WriteNode(CXmlWriter& writer, INode& node);
 // Visits node and all nodes below it, parents before children, without recursion.

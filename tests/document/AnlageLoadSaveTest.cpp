@@ -10,6 +10,7 @@
 #include "document/CAnlage.h"
 #include "document/CNodeUnknown.h"
 #include "document/NodeAttributes.h"
+#include "document/NodeTree.h"
 
 using namespace kavrin;
 
@@ -207,7 +208,7 @@ TEST_F(LoadSave, FailedSaveLeavesTheOldFileAndNoTemporaryFile) {
     };
     auto refusing = std::make_unique<Refusing>();
     refusing->SetName("Kaputt");
-    anlage.RootNode()->AddChild(std::move(refusing));
+    AppendChild(*anlage.RootNode(), std::move(refusing));
     anlage.SetChanged(true);
     EXPECT_FALSE(anlage.Save(target));
     EXPECT_EQ(test::ReadFile(target), "alter Inhalt");

@@ -182,14 +182,14 @@ TEST(NodeBase, OwnedAttributeKeepsItsPosition) {
 TEST(NodeBase, LargeCollectionsReserve500Children) {
     CNodeUnknown collection;
     collection.SetName("Gebaeudesammlung");
-    collection.AddChild(std::make_unique<CNodeUnknown>());
+    AppendChild(collection, std::make_unique<CNodeUnknown>());
     EXPECT_EQ(collection.SubNodes().UpperBound(), 500);
     CNodeUnknown small;
     small.SetName("Kollektor");
-    small.AddChild(std::make_unique<CNodeUnknown>());
+    AppendChild(small, std::make_unique<CNodeUnknown>());
     EXPECT_EQ(small.SubNodes().UpperBound(), 5);
     for (int i = 0; i < 6; ++i)
-        small.AddChild(std::make_unique<CNodeUnknown>());
+        AppendChild(small, std::make_unique<CNodeUnknown>());
     EXPECT_EQ(small.SubNodes().UpperBound(), 15);
 }
 
