@@ -3,6 +3,8 @@
 // The classes the factory hands out. Elements whose class does not exist yet are kept whole
 // by the unknown node under their future class name, so error reports already name them.
 #include "document/CNodeUnknown.h"
+#include "nodes/CNodeDreibein.h"
+#include "nodes/CNodeVektor.h"
 
 namespace kavrin {
 
@@ -12,8 +14,6 @@ namespace kavrin {
         const char* ClassName() const override { return #ClassNameId; }                                      \
     };
 
-KAVRIN_PLAIN_NODE(CNodeVektor)
-KAVRIN_PLAIN_NODE(CNodeDreibein)
 KAVRIN_PLAIN_NODE(CNodeImmobilie)
 KAVRIN_PLAIN_NODE(CNodeModell)
 KAVRIN_PLAIN_NODE(CNodeAnfFuehrVerdrehung)

@@ -1,0 +1,24 @@
+#pragma once
+
+namespace kavrin {
+
+// A point or direction in layout units (x east, y north, z up).
+class CVector {
+public:
+    CVector() = default;
+    CVector(double x, double y, double z) : X(x), Y(y), Z(z) {}
+
+    void Move(double dx, double dy, double dz);
+    // Counter-clockwise about the z axis through the origin, in degrees.
+    void Rotate(double angle);
+    void Copy(const CVector& source);
+
+    double X = 0;
+    double Y = 0;
+    double Z = 0;
+};
+
+// The value of pi the layout arithmetic has always used; kept so rotations give the same numbers.
+inline constexpr double kPi = 3.14159265358979;
+
+} // namespace kavrin
