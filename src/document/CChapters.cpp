@@ -13,8 +13,13 @@ void CChapters::Clear() {
 }
 
 void CChapters::Collect(const INode& root) {
+    // File order first; what nodes registered while loading and is no chapter comes after.
+    std::vector<std::string> registered = std::move(found_);
+    found_.clear();
     for (const auto& child : root.SubNodes())
         Register(child->Name());
+    for (const std::string& name : registered)
+        Register(name);
 }
 
 void CChapters::Register(const std::string& name) {

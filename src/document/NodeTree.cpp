@@ -100,9 +100,10 @@ bool ParseChildElement(INode& parent, XmlElement& element) {
     bool ok = node->ParseSubnodes(element);
     INode* added = node.get();
     // The parent may keep the node or only read it; in the latter case it dies with `node`.
-    parent.AddChild(node);
+    // A parent that cannot take the child (an unreadable value in it) fails the element.
+    bool taken = parent.AddChild(node);
     if (ok)
-        ok = added->CheckNode();
+        ok = taken && added->CheckNode();
     return ok;
 }
 

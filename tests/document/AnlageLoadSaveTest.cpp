@@ -7,6 +7,7 @@
 
 #include "LayoutText.h"
 #include "TestSupport.h"
+#include "XmlEquivalence.h"
 #include "document/CAnlage.h"
 #include "document/CNodeUnknown.h"
 #include "document/NodeAttributes.h"
@@ -58,7 +59,7 @@ protected:
     CAnlage anlage;
 };
 
-TEST_F(LoadSave, EverySampleRoundTripsUnchanged) {
+TEST_F(LoadSave, EverySampleRoundTripsAndASecondSaveIsIdentical) {
     int samples = 0;
     for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
         if (entry.path().extension() != ".anl3")
@@ -67,7 +68,10 @@ TEST_F(LoadSave, EverySampleRoundTripsUnchanged) {
         std::string original = test::ReadFile(entry.path().string());
         ASSERT_TRUE(anlage.Load(entry.path().string())) << entry.path();
         EXPECT_TRUE(scope.ui.errors.empty()) << entry.path();
-        EXPECT_EQ(SaveAndRead(), WithShortEmptyElements(original)) << entry.path();
+        std::string saved = SaveAndRead();
+        EXPECT_EQ(test::LayoutDifference(original, saved), "") << entry.path();
+        ASSERT_TRUE(anlage.Load(dir.File("out.anl3")));
+        EXPECT_EQ(SaveAndRead(), saved) << entry.path();
     }
     EXPECT_EQ(samples, 8);
 }
@@ -150,7 +154,7 @@ TEST_F(LoadSave, BadFilesAreRefusedWithTheParserReport) {
     const std::pair<std::string, std::string> cases[] = {
         {"kein XML, nur Text", "Fehlercode: 16  (0x10)"},
         {"", "Fehlercode: 16  (0x10)"},
-        {layout.substr(0, layout.size() / 2), "Fehlercode: 14  (0xE)"},
+        {layout.substr(0, layout.find("<Options/>")), "Fehlercode: 14  (0xE)"},
         {"<a><b></a>", "Der Fehler entsteht in der Nähe des 9. Zeichen"},
     };
     for (const auto& [content, expected] : cases) {

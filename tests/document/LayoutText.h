@@ -8,7 +8,7 @@ namespace kavrin::test {
 inline std::string LayoutText(const std::string& inner = "", const std::string& terrain = "") {
     std::string schandlaft = terrain.empty()
                                  ? "<Schandlaft extX=\"75\" extY=\"75\" posX=\"-25000\" posY=\"-25000\" "
-                                   "dichte=\"0.0015\" HoehenFile=\"\\aH.bmp\"/>"
+                                   "dichte=\"1.5E-03\" HoehenFile=\"\\aH.bmp\"/>"
                                  : terrain;
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<sutrackp><Version EEP=\"15\"/>" + inner +
            "<Gleissystem GleissystemID=\"1\"/><Fuhrpark FuhrparkID=\"1\"/>"

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "document/CNodeBase.h"
+#include "document/ICopy.h"
+#include "nodes/C3Bein.h"
+
+namespace kavrin {
+
+class CNodeKollektor;
+class CNodeGleisSys;
+
+// End numbers of a track piece.
+enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzweig = 4 };
+
+// "Gleis" inside a "Gleissystem": one track piece with its ids, characteristic, frame and the
+// connections at its (up to four) ends. Classic tracks carry Dreibein, Anfangsfuehrungsverdrehung
+// and Charakteristik; tracks of the newer format carry Frame, Interval, Curve and Twist instead,
+// which are kept as read.
+class CNodeGleis : public CNodeBase, public ICopy {
+public:
+    CNodeGleis();
+    ~CNodeGleis() override;
+
+    const char* ClassName() const override { return "CNodeGleis"; }
+    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    Variant XmlAttr(std::string_view name) const override;
+    bool AddChild(std::unique_ptr<INode>& child) override;
+    bool XmlChildren(CXmlWriter& writer) override;
+
+    std::unique_ptr<INode> Clone() const override;
+    void Copy(const INode& source) override;
+
+    int32_t ID() const { return id_; }
+    void SetID(int32_t id) { id_ = id; }
+    int16_t GleisSysID() const { return gleisSysId_; }
+    void SetGleisSysID(int16_t id) { gleisSysId_ = id; }
+    int16_t ClsIDIndex() const { return clsIdIndex_; }
+    const std::string& ClsID() const;
+    int16_t Data() const { return data_; }
+    int16_t Stil() const { return stil_; }
+    void SetStil(int16_t stil) { stil_ = stil; }
+    // Makes sure "stil" is written, also for a track read without one.
+    void AddAttrStil();
+    int16_t WeichenStellung() const { return weichenStellung_; }
+    int32_t KeyId() const { return keyId_; }
+    void SetKeyId(int32_t keyId) { keyId_ = keyId; }
+    int32_t SignalData() const { return signalData_; }
+    void SetSignalData(int32_t value) { signalData_ = value; }
+    int32_t KontaktZiel() const { return kontaktZiel_; }
+
+    // Connection at end e (1..4): the neighbour's id (<= 0: none) and its end number.
+    int32_t Verbindung(int16_t end) const;
+    void SetVerbindung(int16_t end, int32_t gleisId);
+    int16_t Anschluss(int16_t end) const;
+    void SetAnschluss(int16_t end, int16_t otherEnd);
+    void Disconnect(int16_t end);
+    // Attributes a connection carried beyond ids and ends ("Flags"); they travel with it.
+    using ExtraAttributes = std::vector<std::pair<std::string, std::string>>;
+    const ExtraAttributes* ConnectionExtras(int16_t end) const;
+    void SetConnectionExtras(int16_t end, ExtraAttributes extras);
+
+    double Kruemmung() const { return kruemmung_; }
+    double Torsion() const { return torsion_; }
+    double FVerdreh() const { return fVerdreh_; }
+    double AnfFuehrVerdrehung() const { return anfFuehrVerdrehung_; }
+    // Length in cm; for the newer format taken from the curve's interval.
+    double Laenge() const;
+
+    C3Bein& DreiBein() { return frame_; }
+    const C3Bein& DreiBein() const { return frame_; }
+    void MovePos(double dx, double dy);
+
+    // True for a track read in the newer format (no classic geometry children).
+    bool IsNewFormat() const { return !classicGeometry_; }
+    bool IsSwitch() const; // switch or three-way switch
+    bool IsBufferStop() const;
+
+    CNodeKollektor* Kollektor() const { return kollektor_; }
+    void SetKollektor(CNodeKollektor* kollektor) { kollektor_ = kollektor; }
+
+    // "Gleis 12 (Eisenbahn)" style identification for messages.
+    std::string PrintId() const;
+
+private:
+    bool ConsumeChild(INode& child);
+    void WriteCharakteristik(CXmlWriter& writer) const;
+    void WriteAnfFuehrVerdrehung(CXmlWriter& writer) const;
+    int16_t CheckedEnd(int16_t end) const;
+
+    int32_t id_ = 0;
+    int16_t gleisSysId_ = 0;
+    int16_t clsIdIndex_ = 0;
+    int16_t data_ = 0;
+    int16_t stil_ = 0;
+    int16_t weichenStellung_ = 0;
+    int32_t keyId_ = 0;
+    int32_t signalData_ = 0;
+    int32_t kontaktZiel_ = -1;
+    std::array<int32_t, 4> verbindung_{};
+    std::array<int16_t, 4> anschluss_{};
+    double kruemmung_ = 0;
+    double torsion_ = 0;
+    double fVerdreh_ = 0;
+    double laenge_ = 0;
+    double anfFuehrVerdrehung_ = 0;
+    bool classicGeometry_ = false;
+    C3Bein frame_;
+    CNodeKollektor* kollektor_ = nullptr;
+    std::unique_ptr<std::array<ExtraAttributes, 4>> connectionExtras_;
+    // Attribute lists of the consumed characteristic elements, so their order and any
+    // attributes beyond the known ones are written back as read.
+    CDictionary charakteristikAttributes_;
+    CDictionary anfFuehrAttributes_;
+};
+
+} // namespace kavrin

@@ -1,0 +1,30 @@
+#include "nodes/LayoutLookup.h"
+
+#include "document/CAnlage.h"
+#include "nodes/CNodeGleisSys.h"
+
+namespace kavrin {
+
+std::vector<CNodeGleisSys*> TrackSystems(const CAnlage& anlage) {
+    std::vector<CNodeGleisSys*> systems;
+    if (!anlage.RootNode())
+        return systems;
+    for (const auto& chapter : anlage.RootNode()->SubNodes())
+        if (auto* system = dynamic_cast<CNodeGleisSys*>(chapter.get()))
+            systems.push_back(system);
+    return systems;
+}
+
+CNodeGleisSys* FindGleisSys(const CAnlage& anlage, int16_t gleissystemId) {
+    for (CNodeGleisSys* system : TrackSystems(anlage))
+        if (system->ID() == gleissystemId)
+            return system;
+    return nullptr;
+}
+
+CNodeGleis* FindGleis(const CAnlage& anlage, int16_t gleissystemId, int32_t gleisId) {
+    CNodeGleisSys* system = FindGleisSys(anlage, gleissystemId);
+    return system ? system->FindGleis(gleisId) : nullptr;
+}
+
+} // namespace kavrin
