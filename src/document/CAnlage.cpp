@@ -12,6 +12,7 @@
 #include "document/NodeTree.h"
 #include "document/SafeFileWriter.h"
 #include "document/XmlParseError.h"
+#include "nodes/CNodeImmoSammlung.h"
 
 namespace kavrin {
 
@@ -152,7 +153,8 @@ void CAnlage::RepairBuildingCollectionIds() {
         if (valid || std::find(ids.begin(), ids.end(), wanted) != ids.end())
             continue;
         ids[i] = wanted;
-        SetAttributeText(*collections[i], "GebaudesammlungID", std::to_string(wanted));
+        if (auto* collection = dynamic_cast<CNodeImmoSammlung*>(collections[i]))
+            collection->SetID(static_cast<int16_t>(wanted));
         repaired = true;
     }
     if (!repaired)

@@ -3,7 +3,14 @@
 // The classes the factory hands out. Elements whose class does not exist yet are kept whole
 // by the unknown node under their future class name, so error reports already name them.
 #include "document/CNodeUnknown.h"
+#include "nodes/CNodeBewegTeil.h"
 #include "nodes/CNodeDreibein.h"
+#include "nodes/CNodeGood.h"
+#include "nodes/CNodeGoods.h"
+#include "nodes/CNodeImmoSammlung.h"
+#include "nodes/CNodeImmobilie.h"
+#include "nodes/CNodeLandschaft.h"
+#include "nodes/CNodeModell.h"
 #include "nodes/CNodeVektor.h"
 
 namespace kavrin {
@@ -14,8 +21,6 @@ namespace kavrin {
         const char* ClassName() const override { return #ClassNameId; }                                      \
     };
 
-KAVRIN_PLAIN_NODE(CNodeImmobilie)
-KAVRIN_PLAIN_NODE(CNodeModell)
 KAVRIN_PLAIN_NODE(CNodeAnfFuehrVerdrehung)
 KAVRIN_PLAIN_NODE(CNodeCharakteristik)
 KAVRIN_PLAIN_NODE(CNodeSignal)
@@ -24,14 +29,10 @@ KAVRIN_PLAIN_NODE(CNodeGleisverbindung)
 KAVRIN_PLAIN_NODE(CNodeMeldung)
 KAVRIN_PLAIN_NODE(CNodeKontakt)
 KAVRIN_PLAIN_NODE(CNodeKollektor)
-KAVRIN_PLAIN_NODE(CNodeImmoSammlung)
-KAVRIN_PLAIN_NODE(CNodeBewegTeil)
 KAVRIN_PLAIN_NODE(CNodeFuhrpark)
 KAVRIN_PLAIN_NODE(CNodeZugverband)
 KAVRIN_PLAIN_NODE(CNodeGleisOrt)
 KAVRIN_PLAIN_NODE(CNodeGleisSys)
-KAVRIN_PLAIN_NODE(CNodeGoods)
-KAVRIN_PLAIN_NODE(CNodeGood)
 KAVRIN_PLAIN_NODE(CNodeKameras)
 KAVRIN_PLAIN_NODE(CNodeKamera)
 KAVRIN_PLAIN_NODE(CNodeSettings)
@@ -40,7 +41,6 @@ KAVRIN_PLAIN_NODE(CNodeWeather)
 KAVRIN_PLAIN_NODE(CNodeWeatherLocal)
 KAVRIN_PLAIN_NODE(CNodeTimeTable)
 KAVRIN_PLAIN_NODE(CNodeBeschreibung)
-KAVRIN_PLAIN_NODE(CNodeLandschaft)
 KAVRIN_PLAIN_NODE(CNodeGleis)
 
 #undef KAVRIN_PLAIN_NODE

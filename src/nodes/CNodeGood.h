@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "document/CNodeBase.h"
+#include "nodes/CObjectFrame.h"
+
+namespace kavrin {
+
+// "Good": one goods item, its model file and its placement frame.
+class CNodeGood : public CNodeBase {
+public:
+    const char* ClassName() const override { return "CNodeGood"; }
+    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    Variant XmlAttr(std::string_view name) const override;
+    bool AddChild(std::unique_ptr<INode>& child) override;
+    // The frame first, then the kept children.
+    bool XmlChildren(CXmlWriter& writer) override;
+
+    int16_t GsbNameId() const { return gsbNameId_; }
+    const std::string& GsbName() const;
+    C3Bein& DreiBein() { return frame_.DreiBein(); }
+    const C3Bein& DreiBein() const { return frame_.DreiBein(); }
+    bool HasFrame() const { return frame_.Present(); }
+    void MovePos(double dx, double dy) { frame_.MovePos(dx, dy); }
+
+private:
+    int16_t gsbNameId_ = 0;
+    CObjectFrame frame_;
+};
+
+} // namespace kavrin

@@ -1,0 +1,96 @@
+#include "nodes/CNodeImmobilie.h"
+
+#include "core/CStringPack.h"
+#include "nodes/CNodeBewegTeil.h"
+#include "nodes/CNodeImmoSammlung.h"
+#include "nodes/modNodes.h"
+
+namespace kavrin {
+
+std::string CNodeImmobilie::CheckAttribute(std::string_view name, std::string_view value) {
+    if (name == "gsbname")
+        gsbNameId_ = FileNames().PutString(value);
+    else if (name == "kollektorID")
+        kollektorId_ = TextToLong(value);
+    else if (name == "ImmoIdx")
+        immoIdx_ = TextToLong(value);
+    else
+        return std::string(value);
+    return kOwnedValue;
+}
+
+Variant CNodeImmobilie::XmlAttr(std::string_view name) const {
+    if (name == "gsbname")
+        return GsbName();
+    if (name == "kollektorID")
+        return kollektorId_;
+    if (name == "ImmoIdx")
+        return immoIdx_;
+    return {};
+}
+
+bool CNodeImmobilie::CheckNode() {
+    bewegTeile_.Freeze();
+    return CNodeBase::CheckNode();
+}
+
+bool CNodeImmobilie::AddChild(std::unique_ptr<INode>& child) {
+    if (dynamic_cast<CNodeBewegTeil*>(child.get()) && child->Name() == "BeweglichesTeil") {
+        AddBewegTeil(std::move(child));
+        return true;
+    }
+    if (frame_.Take(child))
+        return true;
+    return CNodeBase::AddChild(child);
+}
+
+bool CNodeImmobilie::XmlChildren(CXmlWriter& writer) {
+    return WriteNodes(writer, bewegTeile_) && frame_.Write(writer) && CNodeBase::XmlChildren(writer);
+}
+
+void CNodeImmobilie::Clear() {
+    for (const auto& part : bewegTeile_)
+        part->Clear();
+    bewegTeile_.RemoveAll();
+    CNodeBase::Clear();
+}
+
+std::unique_ptr<INode> CNodeImmobilie::Clone() const {
+    auto copy = std::make_unique<CNodeImmobilie>();
+    copy->SetAnlage(Anlage());
+    copy->Copy(*this);
+    return copy;
+}
+
+void CNodeImmobilie::Copy(const INode& source) {
+    CopyBaseContent(source);
+    const auto* building = dynamic_cast<const CNodeImmobilie*>(&source);
+    if (!building)
+        return;
+    frame_.CopyFrom(building->frame_, this);
+    gsbNameId_ = building->gsbNameId_;
+    kollektorId_ = building->kollektorId_;
+    immoIdx_ = building->immoIdx_;
+    bewegTeile_.RemoveAll();
+    for (const auto& part : building->bewegTeile_)
+        AddBewegTeil(CloneNode(*part));
+}
+
+const std::string& CNodeImmobilie::GsbName() const {
+    return FileNames().GetString(gsbNameId_);
+}
+
+bool CNodeImmobilie::isGleisObjekt() const {
+    const auto* collection = dynamic_cast<const CNodeImmoSammlung*>(Parent());
+    return collection && collection->HoldsGleisObjekte();
+}
+
+void CNodeImmobilie::AddBewegTeil(std::unique_ptr<INode> part) {
+    if (bewegTeile_.UpperBound() < 0)
+        bewegTeile_.Size(5, 10);
+    part->SetParent(this);
+    part->SetAnlage(Anlage());
+    bewegTeile_.Add(std::move(part));
+}
+
+} // namespace kavrin

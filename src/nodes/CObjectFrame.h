@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+
+#include "nodes/C3Bein.h"
+
+namespace kavrin {
+
+class CNodeDreibein;
+class CXmlWriter;
+class INode;
+
+// The placement frame of a building or goods item, taken from its "Dreibein" child. The frame
+// shares the child's vectors (grab3Bein), so moving it edits what is written back. A plain
+// child (four vectors only) is released and written anew; one that carries anything more is
+// kept whole, so nothing of it is lost.
+class CObjectFrame {
+public:
+    CObjectFrame();
+    ~CObjectFrame();
+    CObjectFrame(const CObjectFrame&) = delete;
+    CObjectFrame& operator=(const CObjectFrame&) = delete;
+
+    // Takes a parsed "Dreibein" child; false for any other child, or for a second frame, which
+    // the owner then keeps as an ordinary child.
+    bool Take(std::unique_ptr<INode>& child);
+    // Writes the frame as read; an object read without one is written without one.
+    bool Write(CXmlWriter& writer) const;
+    // Value copy of another object's frame (own vectors); owner becomes the kept child's parent.
+    void CopyFrom(const CObjectFrame& source, INode* owner);
+
+    C3Bein& DreiBein() { return frame_; }
+    const C3Bein& DreiBein() const { return frame_; }
+    bool Present() const { return present_; }
+    void MovePos(double dx, double dy) { frame_.Move(dx, dy, 0); }
+
+private:
+    C3Bein frame_;
+    std::unique_ptr<CNodeDreibein> kept_;
+    bool present_ = false;
+};
+
+} // namespace kavrin
