@@ -9,7 +9,9 @@
 #include "nodes/CNodeGoods.h"
 #include "nodes/CNodeImmoSammlung.h"
 #include "nodes/CNodeImmobilie.h"
+#include "nodes/CNodeKontakt.h"
 #include "nodes/CNodeLandschaft.h"
+#include "nodes/CNodeMeldung.h"
 #include "nodes/CNodeModell.h"
 #include "nodes/CNodeVektor.h"
 
@@ -26,8 +28,6 @@ KAVRIN_PLAIN_NODE(CNodeCharakteristik)
 KAVRIN_PLAIN_NODE(CNodeSignal)
 KAVRIN_PLAIN_NODE(CNodeWartender)
 KAVRIN_PLAIN_NODE(CNodeGleisverbindung)
-KAVRIN_PLAIN_NODE(CNodeMeldung)
-KAVRIN_PLAIN_NODE(CNodeKontakt)
 KAVRIN_PLAIN_NODE(CNodeKollektor)
 KAVRIN_PLAIN_NODE(CNodeFuhrpark)
 KAVRIN_PLAIN_NODE(CNodeZugverband)

@@ -1,0 +1,120 @@
+#include "nodes/CNodeMeldung.h"
+
+#include "core/CStringPack.h"
+#include "document/CAnlage.h"
+#include "document/CXmlWriter.h"
+#include "document/NodeAttributes.h"
+#include "nodes/CNodeGleis.h"
+#include "nodes/TrackPositionCheck.h"
+
+namespace kavrin {
+
+std::string CNodeMeldung::CheckAttribute(std::string_view name, std::string_view value) {
+    if (name == "clsid")
+        clsIdIndex_ = ClassTexts().PutString(value);
+    else if (name == "name")
+        signalName_ = value;
+    else if (name == "Key_Id")
+        keyId_ = TextToLong(value);
+    else if (name == "Position")
+        position_ = TextToNumber(value);
+    else if (name == "ParaOderAnti")
+        paraOderAnti_ = TextToInteger(value);
+    else
+        return std::string(value);
+    return kOwnedValue;
+}
+
+Variant CNodeMeldung::XmlAttr(std::string_view name) const {
+    if (name == "clsid")
+        return ClsID();
+    if (name == "name")
+        return signalName_;
+    if (name == "Key_Id")
+        return keyId_;
+    if (name == "Position")
+        return position_;
+    if (name == "ParaOderAnti")
+        return paraOderAnti_;
+    return {};
+}
+
+// An unreadable target number fails the element.
+bool CNodeMeldung::AddChild(std::unique_ptr<INode>& child) {
+    try {
+        if (TakeKontaktZiel(*child))
+            return true;
+    } catch (...) {
+        ReportCurrentError(Proc("INode_AddChild"));
+        return false;
+    }
+    return CNodeBase::AddChild(child);
+}
+
+// A signal is a contact target like a switch track, so its number is registered the same way.
+// Only a plain child (text only, the first one) is consumed; anything else is kept as read.
+bool CNodeMeldung::TakeKontaktZiel(const INode& child) {
+    if (child.Name() != "KontaktZiel" || kontaktZielRead_ || !child.Attributes().Empty() ||
+        child.SubNodes().Count() != 0)
+        return false;
+    kontaktZiel_ = TextToLong(child.Text());
+    kontaktZielRead_ = true;
+    if (kontaktZiel_ >= 1 && Anlage())
+        Anlage()->RegisterKontaktziel(kontaktZiel_);
+    return true;
+}
+
+// The signal is identified by its key id, the number the simulator shows as "Signal n".
+bool CNodeMeldung::CheckNode() {
+    bool ok = CNodeBase::CheckNode();
+    const auto* track = dynamic_cast<const CNodeGleis*>(Parent());
+    if (!track || !IsBeyondTrackEnd(*track, position_))
+        return ok;
+    position_ = track->Laenge();
+    if (Anlage())
+        Anlage()->SetChangedWhileLoading();
+    AddParseHint(FormatMessage("Signal %1: Vorsignal-Position am Gleis korrigiert.", keyId_));
+    return ok;
+}
+
+bool CNodeMeldung::XmlChildren(CXmlWriter& writer) {
+    if (kontaktZiel_ != -1) {
+        writer.StartElement("KontaktZiel");
+        writer.Text(std::to_string(kontaktZiel_));
+        writer.EndElement();
+    }
+    return CNodeBase::XmlChildren(writer);
+}
+
+std::unique_ptr<INode> CNodeMeldung::Clone() const {
+    auto copy = std::make_unique<CNodeMeldung>();
+    copy->SetAnlage(Anlage());
+    copy->Copy(*this);
+    return copy;
+}
+
+// The contact target is copied as it is: whoever pastes the copy decides whether it needs a
+// number of its own.
+void CNodeMeldung::Copy(const INode& source) {
+    CopyBaseContent(source);
+    const auto* signal = dynamic_cast<const CNodeMeldung*>(&source);
+    if (!signal)
+        return;
+    clsIdIndex_ = signal->clsIdIndex_;
+    signalName_ = signal->signalName_;
+    keyId_ = signal->keyId_;
+    position_ = signal->position_;
+    paraOderAnti_ = signal->paraOderAnti_;
+    kontaktZiel_ = signal->kontaktZiel_;
+    kontaktZielRead_ = signal->kontaktZielRead_;
+}
+
+const std::string& CNodeMeldung::ClsID() const {
+    return ClassTexts().GetString(clsIdIndex_);
+}
+
+void CNodeMeldung::AddAttrName() {
+    AddOwnedAttribute(*this, "name");
+}
+
+} // namespace kavrin
