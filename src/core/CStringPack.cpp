@@ -13,10 +13,24 @@ CStringPack::CStringPack() {
     texts_.resize(kGrowth + 1);
 }
 
+size_t CStringPack::CacheSlot(std::string_view text) {
+    size_t n = text.size();
+    if (n == 0)
+        return 0;
+    auto at = [&](size_t i) { return static_cast<size_t>(static_cast<unsigned char>(text[i])); };
+    return (n * 131 + at(0) * 31 + at(n - 1) * 7 + at(n / 2)) & 511;
+}
+
 int16_t CStringPack::PutString(std::string_view text) {
+    size_t slot = CacheSlot(text);
+    int16_t cached = cache_[slot];
+    if (cached && texts_[static_cast<size_t>(cached)] == text)
+        return cached;
     auto found = index_.find(text);
-    if (found != index_.end())
+    if (found != index_.end()) {
+        cache_[slot] = found->second;
         return found->second;
+    }
     if (count_ == kMaxTexts)
         throw CError::Overflow();
     if (static_cast<size_t>(count_) + 1 >= texts_.size())
@@ -24,6 +38,7 @@ int16_t CStringPack::PutString(std::string_view text) {
     ++count_;
     texts_[static_cast<size_t>(count_)] = std::string(text);
     index_.emplace(std::string(text), count_);
+    cache_[slot] = count_;
     return count_;
 }
 

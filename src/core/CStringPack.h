@@ -26,7 +26,12 @@ private:
         using is_transparent = void;
         size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
     };
+    static size_t CacheSlot(std::string_view text);
+
     std::vector<std::string> texts_; // index 0 unused
+    // Element and attribute names repeat millions of times: a cheap direct-mapped cache in front
+    // of the hash index saves hashing them again and again.
+    std::vector<int16_t> cache_ = std::vector<int16_t>(512, 0);
     std::unordered_map<std::string, int16_t, Hash, std::equal_to<>> index_;
     int16_t count_ = 0;
 };

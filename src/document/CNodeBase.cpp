@@ -24,6 +24,11 @@ void CNodeBase::SetName(std::string_view name) {
 
 bool CNodeBase::ParseAttributes(const XmlElement& element) {
     try {
+        size_t count = 0;
+        for (pugi::xml_attribute attribute = element.first_attribute(); attribute;
+             attribute = attribute.next_attribute())
+            ++count;
+        attributes_.Reserve(count);
         for (pugi::xml_attribute attribute : element.attributes()) {
             // Names are kept with any prefix, so namespace declarations survive a save.
             std::string_view name = attribute.name();

@@ -17,6 +17,8 @@ public:
 
     const std::string& Name() const override;
     void SetName(std::string_view name) override;
+    int16_t NameIndex() const { return nameIndex_; }
+    void SetNameIndex(int16_t index) { nameIndex_ = index; }
     const std::string& Text() const override { return text_; }
     void SetText(std::string text) override { text_ = std::move(text); }
     INode* Parent() const override { return parent_; }

@@ -1,6 +1,9 @@
 #include "document/CNodeFactory.h"
 
 #include <unordered_map>
+#include <vector>
+
+#include "core/CStringPack.h"
 
 #include "document/CNodeUnknown.h"
 #include "document/NodeClasses.h"
@@ -51,6 +54,22 @@ const std::unordered_map<std::string_view, Creator>& Classes() {
 }
 
 } // namespace
+
+std::unique_ptr<INode> CNodeFactory::Create(int16_t elementNameIndex, std::string_view parentName) {
+    // Creators by element-name pack index, filled as names are met: no hashing per element.
+    static std::vector<Creator> byIndex;
+    const std::string& name = ElementNames().GetString(elementNameIndex);
+    if (name == "Gleis")
+        return Create(name, parentName);
+    size_t slot = static_cast<size_t>(elementNameIndex);
+    if (slot >= byIndex.size())
+        byIndex.resize(slot + 1, nullptr);
+    if (!byIndex[slot]) {
+        auto found = Classes().find(name);
+        byIndex[slot] = found == Classes().end() ? &Make<CNodeUnknown> : found->second;
+    }
+    return byIndex[slot]();
+}
 
 std::unique_ptr<INode> CNodeFactory::Create(std::string_view elementName, std::string_view parentName) {
     // A track is only a track inside a track system; elsewhere ("Gleis" of a collector) it is kept as read.

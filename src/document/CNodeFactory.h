@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -11,6 +12,8 @@ namespace kavrin {
 class CNodeFactory {
 public:
     static std::unique_ptr<INode> Create(std::string_view elementName, std::string_view parentName);
+    // The same for a name already entered in the element-name pack (the parse path).
+    static std::unique_ptr<INode> Create(int16_t elementNameIndex, std::string_view parentName);
 };
 
 } // namespace kavrin

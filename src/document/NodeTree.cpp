@@ -91,10 +91,14 @@ bool ParseChildElement(INode& parent, XmlElement& element) {
         return false;
     }
     DepthGuard depth;
-    std::unique_ptr<INode> node = CNodeFactory::Create(element.name(), parent.Name());
+    int16_t nameIndex = ElementNames().PutString(element.name());
+    std::unique_ptr<INode> node = CNodeFactory::Create(nameIndex, parent.Name());
     node->SetParent(&parent);
     node->SetAnlage(parent.Anlage());
-    node->SetName(element.name());
+    if (auto* base = dynamic_cast<CNodeBase*>(node.get()))
+        base->SetNameIndex(nameIndex);
+    else
+        node->SetName(element.name());
     if (!node->ParseAttributes(element))
         return false;
     bool ok = node->ParseSubnodes(element);

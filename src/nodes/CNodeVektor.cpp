@@ -2,7 +2,7 @@
 
 #include <pugixml.hpp>
 
-#include "document/NodeAttributes.h"
+#include "document/CXmlWriter.h"
 
 namespace kavrin {
 
@@ -22,10 +22,18 @@ bool CNodeVektor::ParseAttributes(const XmlElement& element) {
             allKnown = false;
             continue;
         }
-        // Kept in the store too, so a vector outside a frame is written back as it was read.
-        AddOwnedAttribute(*this, name);
+        if (count_ < 3)
+            order_[count_++] = name[0];
     }
     return allKnown;
+}
+
+bool CNodeVektor::XmlAttributes(CXmlWriter& writer) {
+    for (uint8_t i = 0; i < count_; ++i) {
+        const char name[2] = {order_[i], '\0'};
+        writer.Attribute(name, NumberToText(XmlAttr(name)));
+    }
+    return CNodeBase::XmlAttributes(writer);
 }
 
 Variant CNodeVektor::XmlAttr(std::string_view name) const {

@@ -16,8 +16,11 @@ std::vector<CNodeGleisSys*> TrackSystems(const CAnlage& anlage) {
 }
 
 CNodeGleisSys* FindGleisSys(const CAnlage& anlage, int16_t gleissystemId) {
-    for (CNodeGleisSys* system : TrackSystems(anlage))
-        if (system->ID() == gleissystemId)
+    if (!anlage.RootNode())
+        return nullptr;
+    for (const auto& chapter : anlage.RootNode()->SubNodes())
+        if (auto* system = dynamic_cast<CNodeGleisSys*>(chapter.get());
+            system && system->ID() == gleissystemId)
             return system;
     return nullptr;
 }
