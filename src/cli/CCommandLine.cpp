@@ -5,7 +5,7 @@
 #include "cli/CConsoleUserInterface.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
-#include "document/CLayoutStatistics.h"
+#include "nodes/CLayoutStatistics.h"
 
 namespace kavrin {
 
@@ -78,11 +78,31 @@ int CCommandLine::Info(const std::string& path) {
         out_ << ' ' << name;
     out_ << '\n';
     CLayoutStatistics statistics(anlage);
+    PrintContent(statistics);
     out_ << "Elemente je Name (" << statistics.TotalElements() << " insgesamt):\n";
     for (const auto& [name, count] : statistics.ElementCounts())
         out_ << "  " << name << ": " << count << '\n';
     out_ << "Hinweise: " << console.ui().ParseLog().Hints().size() << '\n';
     return kOk;
+}
+
+void CCommandLine::PrintContent(const CLayoutStatistics& statistics) {
+    out_ << "Gleise je Gleissystem:\n";
+    for (const auto& system : statistics.TrackSystems())
+        out_ << "  " << system.id << " " << system.name << ": " << system.tracks << " Gleise, davon "
+             << system.switches << " Weichen\n";
+    out_ << "Immobilien je Gebäudesammlung:\n";
+    for (const auto& collection : statistics.Collections())
+        out_ << "  " << collection.id << " " << collection.name << ": " << collection.buildings << '\n';
+    out_ << "Güter: " << statistics.Goods() << '\n';
+    out_ << "Kontakte je Art:";
+    if (statistics.ContactsByKind().empty())
+        out_ << " keine";
+    out_ << '\n';
+    for (const auto& [kind, count] : statistics.ContactsByKind())
+        out_ << "  " << kind << ": " << count << '\n';
+    out_ << "Signale: " << statistics.Signals() << '\n';
+    out_ << "Züge: " << statistics.Trains() << '\n';
 }
 
 int CCommandLine::Check(const std::string& path) {

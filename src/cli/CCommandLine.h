@@ -6,6 +6,8 @@
 
 namespace kavrin {
 
+class CLayoutStatistics;
+
 // kavrin-cli: batch work on layout files without a window. Exit status 0 done, 1 failed,
 // 2 wrong usage.
 class CCommandLine {
@@ -22,6 +24,7 @@ private:
     int Info(const std::string& path);
     int Check(const std::string& path);
     int Save(const std::string& in, const std::string& out);
+    void PrintContent(const CLayoutStatistics& statistics);
     int Usage(const std::string& problem);
     void Help();
 

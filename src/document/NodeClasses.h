@@ -4,11 +4,17 @@
 // by the unknown node under their future class name, so error reports already name them.
 #include "document/CNodeUnknown.h"
 #include "nodes/CNodeBewegTeil.h"
+#include "nodes/CNodeCharakteristik.h"
 #include "nodes/CNodeDreibein.h"
+#include "nodes/CNodeGleis.h"
+#include "nodes/CNodeGleisOrt.h"
+#include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeGleisverbindung.h"
 #include "nodes/CNodeGood.h"
 #include "nodes/CNodeGoods.h"
 #include "nodes/CNodeImmoSammlung.h"
 #include "nodes/CNodeImmobilie.h"
+#include "nodes/CNodeKollektor.h"
 #include "nodes/CNodeKontakt.h"
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/CNodeMeldung.h"
@@ -23,16 +29,10 @@ namespace kavrin {
         const char* ClassName() const override { return #ClassNameId; }                                      \
     };
 
-KAVRIN_PLAIN_NODE(CNodeAnfFuehrVerdrehung)
-KAVRIN_PLAIN_NODE(CNodeCharakteristik)
 KAVRIN_PLAIN_NODE(CNodeSignal)
 KAVRIN_PLAIN_NODE(CNodeWartender)
-KAVRIN_PLAIN_NODE(CNodeGleisverbindung)
-KAVRIN_PLAIN_NODE(CNodeKollektor)
 KAVRIN_PLAIN_NODE(CNodeFuhrpark)
 KAVRIN_PLAIN_NODE(CNodeZugverband)
-KAVRIN_PLAIN_NODE(CNodeGleisOrt)
-KAVRIN_PLAIN_NODE(CNodeGleisSys)
 KAVRIN_PLAIN_NODE(CNodeKameras)
 KAVRIN_PLAIN_NODE(CNodeKamera)
 KAVRIN_PLAIN_NODE(CNodeSettings)
@@ -41,7 +41,6 @@ KAVRIN_PLAIN_NODE(CNodeWeather)
 KAVRIN_PLAIN_NODE(CNodeWeatherLocal)
 KAVRIN_PLAIN_NODE(CNodeTimeTable)
 KAVRIN_PLAIN_NODE(CNodeBeschreibung)
-KAVRIN_PLAIN_NODE(CNodeGleis)
 
 #undef KAVRIN_PLAIN_NODE
 

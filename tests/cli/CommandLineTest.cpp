@@ -45,7 +45,18 @@ TEST(CommandLine, InfoReportsVersionChaptersAndCounts) {
     EXPECT_NE(out.find("EEP 15"), std::string::npos);
     EXPECT_NE(out.find("Abschnitte: Version Gleissystem"), std::string::npos);
     EXPECT_NE(out.find("  Kammera: 160\n"), std::string::npos);
+    EXPECT_NE(out.find("  3 Strasse: 231 Gleise, davon 30 Weichen\n"), std::string::npos) << out;
+    EXPECT_NE(out.find("  4 Immobilien: 63\n"), std::string::npos);
+    EXPECT_NE(out.find("Züge: 9\n"), std::string::npos);
     EXPECT_NE(out.find("Hinweise: 0"), std::string::npos);
+}
+
+TEST(CommandLine, InfoCountsContactsByKindAndSignals) {
+    CliRun run({"info", test::SamplePath("Demoanlage-Ampel-Grundmodelle.anl3")});
+    ASSERT_EQ(run.status, CCommandLine::kOk) << run.err.str();
+    const std::string out = run.out.str();
+    EXPECT_NE(out.find("Kontakte je Art:\n  "), std::string::npos) << out;
+    EXPECT_EQ(out.find("Signale: 0\n"), std::string::npos) << out;
 }
 
 TEST(CommandLine, CheckPrintsHintsAndTellsLoadFromFailure) {
