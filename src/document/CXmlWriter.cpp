@@ -1,7 +1,9 @@
 #include "document/CXmlWriter.h"
 
 #include "core/modTools.h"
+#include <array>
 #include <cerrno>
+#include <cstdint>
 
 #include "core/CError.h"
 
@@ -78,32 +80,24 @@ void CXmlWriter::CloseStartTag() {
 }
 
 void CXmlWriter::Escaped(std::string_view text, bool inAttribute) {
+    // Most values need no escaping: find the first special character with a table first.
+    static const auto special = [] {
+        std::array<uint8_t, 256> table{};
+        table['&'] = table['<'] = table['>'] = 1;
+        table['"'] = 2;
+        return table;
+    }();
+    const uint8_t mask = inAttribute ? 3 : 1;
     size_t plain = 0;
     for (size_t i = 0; i < text.size(); ++i) {
-        const char* entity = nullptr;
-        switch (text[i]) {
-        case '&':
-            entity = "&amp;";
-            break;
-        case '<':
-            entity = "&lt;";
-            break;
-        case '>':
-            entity = "&gt;";
-            break;
-        case '"':
-            entity = inAttribute ? "&quot;" : nullptr;
-            break;
-        default:
-            break;
-        }
-        if (!entity)
+        char c = text[i];
+        if (!(special[static_cast<unsigned char>(c)] & mask))
             continue;
-        buffer_.append(text.substr(plain, i - plain));
-        buffer_.append(entity);
+        buffer_.append(text.data() + plain, i - plain);
+        buffer_.append(c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&quot;");
         plain = i + 1;
     }
-    buffer_.append(text.substr(plain));
+    buffer_.append(text.data() + plain, text.size() - plain);
 }
 
 void CXmlWriter::MaybeFlush() {
