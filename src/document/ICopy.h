@@ -16,4 +16,12 @@ public:
     virtual void Copy(const INode& source) = 0;
 };
 
+// Clone as every copyable class does it: a new, empty node of the same class made a copy of self.
+template <typename T> std::unique_ptr<INode> CloneOf(const T& self) {
+    auto copy = std::make_unique<T>();
+    copy->SetAnlage(self.Anlage());
+    copy->Copy(self);
+    return copy;
+}
+
 } // namespace kavrin

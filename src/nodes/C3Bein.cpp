@@ -8,7 +8,9 @@ C3Bein::C3Bein()
     : pos_(std::make_shared<CVector>()), dir_(std::make_shared<CVector>()), nor_(std::make_shared<CVector>()),
       bin_(std::make_shared<CVector>()) {}
 
-void C3Bein::grab3Bein(CNodeDreibein& node) { grab3Bein(node.DreiBein()); }
+void C3Bein::grab3Bein(CNodeDreibein& node) {
+    grab3Bein(node.DreiBein());
+}
 
 void C3Bein::grab3Bein(const C3Bein& other) {
     pos_ = other.pos_;
@@ -17,7 +19,9 @@ void C3Bein::grab3Bein(const C3Bein& other) {
     bin_ = other.bin_;
 }
 
-void C3Bein::Move(double dx, double dy, double dz) { pos_->Move(dx, dy, dz); }
+void C3Bein::Move(double dx, double dy, double dz) {
+    pos_->Move(dx, dy, dz);
+}
 
 void C3Bein::Rotate(double angle, double cx, double cy) {
     Move(-cx, -cy, 0);

@@ -16,10 +16,7 @@ Variant CNodeBewegTeil::XmlAttr(std::string_view name) const {
 }
 
 std::unique_ptr<INode> CNodeBewegTeil::Clone() const {
-    auto copy = std::make_unique<CNodeBewegTeil>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 void CNodeBewegTeil::Copy(const INode& source) {

@@ -18,7 +18,9 @@ bool CNodeDreibein::XmlChildren(CXmlWriter& writer) {
     return WriteFrameVectors(writer, DreiBein()) && CNodeBase::XmlChildren(writer);
 }
 
-void CNodeDreibein::MovePos(double dx, double dy) { DreiBein().Pos().Move(dx, dy, 0); }
+void CNodeDreibein::MovePos(double dx, double dy) {
+    DreiBein().Pos().Move(dx, dy, 0);
+}
 
 C3Bein& CNodeDreibein::DreiBein() {
     if (!frame_)

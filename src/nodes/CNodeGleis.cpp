@@ -163,10 +163,7 @@ void CNodeGleis::WriteCharakteristik(CXmlWriter& writer) const {
 }
 
 std::unique_ptr<INode> CNodeGleis::Clone() const {
-    auto copy = std::make_unique<CNodeGleis>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 void CNodeGleis::Copy(const INode& source) {

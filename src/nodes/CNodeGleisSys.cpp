@@ -102,10 +102,7 @@ void CNodeGleisSys::Clear() {
 }
 
 std::unique_ptr<INode> CNodeGleisSys::Clone() const {
-    auto copy = std::make_unique<CNodeGleisSys>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 void CNodeGleisSys::Copy(const INode& source) {

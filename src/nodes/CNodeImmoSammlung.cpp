@@ -34,10 +34,7 @@ bool CNodeImmoSammlung::CheckNode() {
 }
 
 std::unique_ptr<INode> CNodeImmoSammlung::Clone() const {
-    auto copy = std::make_unique<CNodeImmoSammlung>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 // Buildings are kept children, so they are deep-copied with the base content.

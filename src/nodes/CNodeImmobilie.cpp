@@ -56,10 +56,7 @@ void CNodeImmobilie::Clear() {
 }
 
 std::unique_ptr<INode> CNodeImmobilie::Clone() const {
-    auto copy = std::make_unique<CNodeImmobilie>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 void CNodeImmobilie::Copy(const INode& source) {

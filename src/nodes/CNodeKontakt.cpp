@@ -83,10 +83,7 @@ bool CNodeKontakt::XmlAttributes(CXmlWriter& writer) {
 }
 
 std::unique_ptr<INode> CNodeKontakt::Clone() const {
-    auto copy = std::make_unique<CNodeKontakt>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 void CNodeKontakt::Copy(const INode& source) {

@@ -87,10 +87,7 @@ bool CNodeMeldung::XmlChildren(CXmlWriter& writer) {
 }
 
 std::unique_ptr<INode> CNodeMeldung::Clone() const {
-    auto copy = std::make_unique<CNodeMeldung>();
-    copy->SetAnlage(Anlage());
-    copy->Copy(*this);
-    return copy;
+    return CloneOf(*this);
 }
 
 // The contact target is copied as it is: whoever pastes the copy decides whether it needs a

@@ -18,10 +18,18 @@ size_t CPoints::Checked(int16_t i) const {
     return static_cast<size_t>(i);
 }
 
-float CPoints::X(int16_t i) const { return x_[Checked(i)]; }
-float CPoints::Y(int16_t i) const { return y_[Checked(i)]; }
-void CPoints::SetX(int16_t i, float x) { x_[Checked(i)] = x; }
-void CPoints::SetY(int16_t i, float y) { y_[Checked(i)] = y; }
+float CPoints::X(int16_t i) const {
+    return x_[Checked(i)];
+}
+float CPoints::Y(int16_t i) const {
+    return y_[Checked(i)];
+}
+void CPoints::SetX(int16_t i, float x) {
+    x_[Checked(i)] = x;
+}
+void CPoints::SetY(int16_t i, float y) {
+    y_[Checked(i)] = y;
+}
 
 void CPoints::SetPoint(int16_t i, float x, float y) {
     size_t index = Checked(i);

@@ -10,8 +10,7 @@ namespace kavrin {
 class CXmlWriter;
 
 // Writes every node of a sequence, stopping at the first failure; true for an empty one.
-template <typename Sequence>
-bool WriteNodes(CXmlWriter& writer, const Sequence& nodes) {
+template <typename Sequence> bool WriteNodes(CXmlWriter& writer, const Sequence& nodes) {
     for (const auto& node : nodes)
         if (!WriteNode(writer, *node))
             return false;
