@@ -1,0 +1,106 @@
+#include "app/CQtUserInterface.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+
+#include "app/FParseLogWindow.h"
+#include "app/modQtText.h"
+#include "core/modTools.h"
+
+namespace kavrin {
+
+CQtUserInterface::CQtUserInterface() {
+    parseLog_.SetListener([this](const std::string& entry, bool isHint) { OnLogEntry(entry, isHint); });
+}
+
+CQtUserInterface::~CQtUserInterface() {
+    parseLog_.SetListener(nullptr);
+    delete window_.data();
+}
+
+QWidget* CQtUserInterface::DialogParent() const {
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    return mainWindow_.data();
+}
+
+void CQtUserInterface::ErrorBox(const std::string& text) {
+    if (hooks_.errorBox) {
+        hooks_.errorBox(text);
+        return;
+    }
+    QMessageBox box(QMessageBox::Critical, QString::fromUtf8(kProgramName), ToQt(text), QMessageBox::Ok,
+                    DialogParent());
+    box.exec();
+}
+
+bool CQtUserInterface::Ask(const std::string& text) {
+    if (hooks_.ask)
+        return hooks_.ask(text);
+    QMessageBox box(QMessageBox::Question, QString::fromUtf8(kProgramName), ToQt(text),
+                    QMessageBox::Yes | QMessageBox::No, DialogParent());
+    box.setDefaultButton(QMessageBox::Yes);
+    return box.exec() == QMessageBox::Yes;
+}
+
+void CQtUserInterface::ProcessPendingEvents() {
+    if (hooks_.eventRound)
+        hooks_.eventRound(++eventRounds_);
+    if (loading_ && window_ && !window_->isVisible() && loadTimer_.elapsed() >= showDelay_)
+        window_->show();
+    if (eventTimer_.isValid() && eventTimer_.elapsed() < eventInterval_)
+        return;
+    QCoreApplication::processEvents();
+    eventTimer_.start();
+}
+
+void CQtUserInterface::SetWaitCursor(bool on) {
+    if (on) {
+        if (waitCursorDepth_++ == 0)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else if (waitCursorDepth_ > 0) {
+        if (--waitCursorDepth_ == 0)
+            QApplication::restoreOverrideCursor();
+    }
+}
+
+void CQtUserInterface::ShowStatus(const std::string& text) {
+    if (statusLabel_)
+        statusLabel_->setText(ToQt(text));
+}
+
+FParseLogWindow* CQtUserInterface::EnsureWindow() {
+    if (!window_)
+        window_ = new FParseLogWindow(parseLog_, mainWindow_.data());
+    return window_;
+}
+
+void CQtUserInterface::BeginLoad(const std::string& path) {
+    // A window still showing the hints of an earlier load stays open on its own.
+    window_ = nullptr;
+    EnsureWindow()->Start(path);
+    loading_ = true;
+    loadTimer_.start();
+    eventRounds_ = 0;
+}
+
+void CQtUserInterface::EndLoad() {
+    loading_ = false;
+    if (!window_)
+        return;
+    window_->FinalState();
+    if (parseLog_.SomethingHappened())
+        return;
+    window_->close();
+    window_ = nullptr;
+}
+
+void CQtUserInterface::OnLogEntry(const std::string& entry, bool isHint) {
+    FParseLogWindow* window = EnsureWindow();
+    window->ErrLog(entry, isHint);
+    if (!window->isVisible())
+        window->show();
+}
+
+} // namespace kavrin

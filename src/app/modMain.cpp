@@ -1,0 +1,176 @@
+#include "app/modMain.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QLockFile>
+#include <QTranslator>
+#include <algorithm>
+
+#include "app/CAppIcon.h"
+#include "app/CQtUserInterface.h"
+#include "app/CSettingsStore.h"
+#include "app/FMain.h"
+#include "app/modParams.h"
+#include "app/modQtText.h"
+#include "app/modRegApi.h"
+#include "core/CStringPack.h"
+#include "core/modTools.h"
+#include "nodes/CObjectTexte.h"
+
+namespace kavrin {
+
+namespace {
+
+const char* const kTrackClassIds[] = {
+    "06D80C90-4E4B-469B-BFE0-509A573EBC99", "2E25C8E2-ADCD-469A-942E-7484556FF932",
+    "C889EADB-63B5-44A2-AAB9-457424CFF15F", "B0818DD8-5DFD-409F-8022-993FD3C90759"};
+
+// Numbers shown to the user follow the user's locale.
+void TakeUserNumberFormat() {
+    QLocale locale = QLocale::system();
+    UserNumberFormat format;
+    format.decimal = locale.decimalPoint().at(0).toLatin1();
+    format.thousands = locale.groupSeparator().isEmpty() ? '.' : locale.groupSeparator().at(0).toLatin1();
+    if (format.decimal == 0)
+        format.decimal = ',';
+    if (format.thousands == 0 || format.thousands == format.decimal)
+        format.thousands = format.decimal == ',' ? '.' : ',';
+    SetUserNumberFormat(format);
+}
+
+// The program speaks German; Qt's own dialogs should too, when the translations are there.
+void InstallGermanQtTexts(QApplication& app) {
+    static QTranslator translator;
+    if (translator.load(QLocale(QLocale::German), QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        app.installTranslator(&translator);
+}
+
+// Keeps the port installed for as long as the program runs.
+class PortScope {
+public:
+    explicit PortScope(IUserInterface* ui) : previous_(SetUI(ui)) {}
+    ~PortScope() { SetUI(previous_); }
+    PortScope(const PortScope&) = delete;
+    PortScope& operator=(const PortScope&) = delete;
+
+private:
+    IUserInterface* previous_;
+};
+
+std::vector<std::string> Arguments(const QStringList& arguments) {
+    std::vector<std::string> list;
+    for (qsizetype i = 1; i < arguments.size(); ++i)
+        list.push_back(arguments[i].toStdString());
+    return list;
+}
+
+} // namespace
+
+EepInstallation& Installation() {
+    static EepInstallation installation;
+    return installation;
+}
+
+int32_t ClampHoeheMax(int32_t stored) {
+    return std::max(stored, 10000);
+}
+
+int32_t ClampHoeheMin(int32_t stored) {
+    return std::max(std::min(stored, -10000), -10000);
+}
+
+bool ReadInstallation(const EepRegistry& values) {
+    EepInstallation& installation = Installation();
+    installation.eepDirectory = values.directory.empty() ? std::string() : HostPath(values.directory);
+    installation.resourceDirectory = values.resBase.empty() ? std::string() : HostPath(values.resBase);
+    installation.hoeheMax = ClampHoeheMax(values.hoeheMax);
+    installation.hoeheMin = ClampHoeheMin(values.hoeheMin);
+    installation.noResourceDirectory = installation.resourceDirectory.empty();
+    installation.noTrackStyleDirectory = true;
+    if (installation.noResourceDirectory) {
+        if (!Ask(FormatMessage("Kann das EEP Resourcen-Verzeichnis nicht finden!%m"
+                               "(Evtl. alle EEP-Versionen im EEP-Launcher deaktiviert?)%m"
+                               "Einige Funktionen vom Kavrin können daher nicht ausgeführt werden!%m"
+                               "Möchten Sie Kavrin trotzdem starten?")))
+            return false;
+    } else {
+        installation.noTrackStyleDirectory =
+            !DirectoryExists(JoinPath(installation.resourceDirectory, "Gleisstile"));
+    }
+    return CObjectTexte::Load(installation.resourceDirectory);
+}
+
+bool ResourceDirectoryMissing() {
+    if (!Installation().noResourceDirectory)
+        return false;
+    ErrorBox(FormatMessage("Da Kavrin das EEP Resourcen-Verzeichnist nicht finden konnte,%n"
+                           "wird diese Funktion nicht ausgeführt!"));
+    return true;
+}
+
+bool ResourcenPakExists() {
+    const EepInstallation& installation = Installation();
+    if (installation.noResourceDirectory)
+        return false;
+    return FileExists(JoinPath(installation.resourceDirectory, "RESOURCEN.PAK"));
+}
+
+std::string LayoutsDirectory() {
+    std::string path = CSettingsStore::Get("Settings", "PathAnlagen");
+    if (path != CSettingsStore::kNoEntry)
+        return path;
+    const EepInstallation& installation = Installation();
+    if (installation.noResourceDirectory)
+        return {};
+    return JoinPath(installation.resourceDirectory, "Anlagen");
+}
+
+void RegisterTrackClassIds() {
+    std::array<int16_t, 4>& ids = Installation().trackClassIds;
+    for (size_t i = 0; i < ids.size(); ++i)
+        ids[i] = ClassTexts().PutString(kTrackClassIds[i]);
+}
+
+std::unique_ptr<QLockFile> AcquireInstanceLock(const QString& directory) {
+    QString user = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    auto lock =
+        std::make_unique<QLockFile>(QDir(directory).filePath(QStringLiteral("Kavrin-%1.lock").arg(user)));
+    // Only a lock whose process has ended is stale, however long Kavrin has been running.
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock(0))
+        return nullptr;
+    return lock;
+}
+
+int Main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QString::fromUtf8(kProgramName));
+    QApplication::setOrganizationName(QString::fromUtf8(kProgramName));
+    QApplication::setApplicationVersion(QStringLiteral(KAVRIN_VERSION));
+    QApplication::setWindowIcon(CAppIcon::Icon());
+    InstallGermanQtTexts(app);
+    TakeUserNumberFormat();
+
+    CQtUserInterface ui;
+    PortScope port(&ui);
+    std::unique_ptr<QLockFile> lock = AcquireInstanceLock(QDir::tempPath());
+    if (!lock) {
+        ErrorBox(FormatMessage("Läuft schon..."));
+        return 1;
+    }
+
+    FMain mainWindow(ui);
+    ui.SetMainWindow(&mainWindow);
+    mainWindow.show();
+    if (!ReadInstallation(ReadEepRegistry())) {
+        mainWindow.close();
+        return 0;
+    }
+    mainWindow.ProcessParams(JoinArguments(Arguments(QApplication::arguments())));
+    return QApplication::exec();
+}
+
+} // namespace kavrin

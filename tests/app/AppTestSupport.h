@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "app/CQtUserInterface.h"
+#include "core/IUserInterface.h"
+
+namespace kavrin::test {
+
+// The desktop port, installed for one test, with its message boxes answered by the test:
+// error texts and questions are recorded, questions answered from `answers` (then `answer`).
+class QtPort {
+public:
+    QtPort() : previous_(SetUI(&ui)) {
+        CQtUserInterface::Hooks hooks;
+        hooks.errorBox = [this](const std::string& text) { errors.push_back(text); };
+        hooks.ask = [this](const std::string& text) {
+            questions.push_back(text);
+            if (answers.empty())
+                return answer;
+            bool next = answers.front();
+            answers.pop_front();
+            return next;
+        };
+        ui.SetHooks(hooks);
+    }
+    ~QtPort() { SetUI(previous_); }
+    QtPort(const QtPort&) = delete;
+    QtPort& operator=(const QtPort&) = delete;
+
+    CQtUserInterface ui;
+    std::vector<std::string> errors;
+    std::vector<std::string> questions;
+    std::deque<bool> answers;
+    bool answer = false;
+
+private:
+    IUserInterface* previous_;
+};
+
+// The user's settings store, moved into a folder of the test's own and emptied.
+class SettingsSandbox {
+public:
+    SettingsSandbox() {
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.path());
+        Clear();
+    }
+    void Clear() { Store().clear(); }
+    // The text stored under section/key, or "(fehlt)".
+    std::string Raw(const char* section, const std::string& key) {
+        QVariant value = Store().value(QString::fromLatin1(section) + '/' + QString::fromStdString(key));
+        return value.isValid() ? value.toString().toStdString() : "(fehlt)";
+    }
+    // Writes the store's file by hand, as a user with an editor would.
+    void WriteByHand(const std::string& text) {
+        QString file = Store().fileName();
+        Store().clear();
+        QFile out(file);
+        if (out.open(QIODevice::WriteOnly))
+            out.write(QByteArray::fromStdString(text));
+    }
+    void Put(const char* section, const std::string& key, const QString& value) {
+        Store().setValue(QString::fromLatin1(section) + '/' + QString::fromStdString(key), value);
+    }
+
+private:
+    static QSettings Store() {
+        return QSettings(QSettings::IniFormat, QSettings::UserScope, "Kavrin", "Kavrin");
+    }
+    QTemporaryDir folder_;
+};
+
+} // namespace kavrin::test
