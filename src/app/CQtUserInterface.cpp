@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "app/FParseLogWindow.h"
 #include "app/modQtText.h"
@@ -40,6 +41,9 @@ bool CQtUserInterface::Ask(const std::string& text) {
         return hooks_.ask(text);
     QMessageBox box(QMessageBox::Question, QString::fromUtf8(kProgramName), ToQt(text),
                     QMessageBox::Yes | QMessageBox::No, DialogParent());
+    // German answers also where Qt's own translations are not installed.
+    box.button(QMessageBox::Yes)->setText(ToQt(FormatMessage("&Ja")));
+    box.button(QMessageBox::No)->setText(ToQt(FormatMessage("&Nein")));
     box.setDefaultButton(QMessageBox::Yes);
     return box.exec() == QMessageBox::Yes;
 }

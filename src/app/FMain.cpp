@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -59,6 +61,9 @@ FMain::FMain(CQtUserInterface& ui, QWidget* parent) : QMainWindow(parent), ui_(u
     setCentralWidget(mdiArea_);
     connect(mdiArea_, &QMdiArea::subWindowActivated, this, &FMain::UpdateMenuBar);
     statusBar()->setSizeGripEnabled(true);
+    lblInstallation_ = new QLabel(statusBar());
+    lblInstallation_->setObjectName(QStringLiteral("lblInstallation"));
+    statusBar()->addPermanentWidget(lblInstallation_);
 
     LoadWindowState();
     RegisterTrackClassIds();
@@ -207,6 +212,16 @@ void FMain::UpdateMenuBar() {
     menuBar()->addMenu(mnuHelp_);
     if (tbSave_)
         tbSave_->setEnabled(active != nullptr);
+    std::string name = active ? FromQt(QFileInfo(QString::fromStdString(active->FileName())).fileName()) : "";
+    setWindowTitle(
+        ToQt(name.empty() ? std::string(kProgramName) : FormatMessage("%1 - [%2]", kProgramName, name)));
+}
+
+void FMain::ShowInstallation() {
+    const EepInstallation& installation = Installation();
+    lblInstallation_->setText(ToQt(installation.noResourceDirectory
+                                       ? FormatMessage("EEP-Resourcen nicht gefunden")
+                                       : FormatMessage("EEP-Resourcen: %1", installation.resourceDirectory)));
 }
 
 FAnlage* FMain::ActiveAnlage() const {
@@ -274,6 +289,19 @@ void FMain::TileChildren(bool horizontally) {
                                  area.width() * (i + 1) / count - area.width() * i / count, area.height());
         sub->setGeometry(cell);
     }
+}
+
+// A new document window takes two thirds of the frame, each one a step below and to the right
+// of the one before, like a cascade.
+void FMain::PlaceNewWindow(QMdiSubWindow* sub) const {
+    const int step = 28;
+    QSize area = mdiArea_->viewport()->size();
+    int others = static_cast<int>(anlagen_.size());
+    QSize size(std::max(480, area.width() * 2 / 3), std::max(320, area.height() * 2 / 3));
+    int places =
+        std::max(1, std::min((area.width() - size.width()) / step, (area.height() - size.height()) / step));
+    int offset = (others % places) * step;
+    sub->setGeometry(offset, offset, size.width(), size.height());
 }
 
 // Minimised windows in rows along the bottom edge of the frame.
@@ -418,9 +446,8 @@ FAnlage* FMain::OpenFile(const std::string& file) {
     auto* window = new FAnlage(*this, ui_);
     QMdiSubWindow* sub = mdiArea_->addSubWindow(window);
     sub->setAttribute(Qt::WA_DeleteOnClose);
-    QSize area = mdiArea_->viewport()->size();
-    sub->resize(std::max(480, area.width() * 2 / 3), std::max(320, area.height() * 2 / 3));
     sub->show();
+    PlaceNewWindow(sub);
     anlagen_.push_back(window);
     if (window->Load(path)) {
         AddRecentFile(path);

@@ -7,6 +7,7 @@
 
 class QMdiArea;
 class QMdiSubWindow;
+class QLabel;
 class QMenu;
 
 namespace kavrin {
@@ -58,6 +59,8 @@ public:
     COptions& Options() { return *options_; }
     QMdiArea* MdiArea() const { return mdiArea_; }
     FAnlage* ActiveAnlage() const;
+    // Shows in the status bar which installation of the simulator Kavrin works with.
+    void ShowInstallation();
     bool Loading() const { return loading_; }
 
 protected:
@@ -74,6 +77,7 @@ private:
     void UpdateMenuBar();
     void TileChildren(bool horizontally);
     void ArrangeIcons();
+    void PlaceNewWindow(QMdiSubWindow* sub) const;
     QMdiSubWindow* SubWindowOf(const FAnlage* window) const;
 
     CQtUserInterface& ui_;
@@ -87,6 +91,7 @@ private:
     QMenu* mnuHelp_ = nullptr;
     QAction* windowListSep_ = nullptr;
     QAction* tbSave_ = nullptr;
+    QLabel* lblInstallation_ = nullptr;
     bool loading_ = false;
 };
 

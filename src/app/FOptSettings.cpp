@@ -44,8 +44,10 @@ FOptSettings::FOptSettings(QWidget* parent) : QDialog(parent) {
     auto* pathRow = new QHBoxLayout;
     pathRow->addWidget(txtPathAnlagen_, 1);
     pathRow->addWidget(browse);
+    auto* pathLabel = new QLabel(ToQt(FormatMessage("&Verzeichnis der Anlagen:")), folders);
+    pathLabel->setBuddy(txtPathAnlagen_);
     auto* folderForm = new QFormLayout(folders);
-    folderForm->addRow(ToQt(FormatMessage("&Verzeichnis der Anlagen:")), pathRow);
+    folderForm->addRow(pathLabel, pathRow);
 
     const EepInstallation& installation = Installation();
     auto* eep = new QGroupBox(ToQt(FormatMessage("EEP-Installation")), this);

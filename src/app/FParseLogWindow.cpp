@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTextCursor>
 #include <QVBoxLayout>
@@ -35,6 +36,13 @@ FParseLogWindow::FParseLogWindow(FParseLog& model, QWidget* parent) : QDialog(pa
     auto* fileRow = new QHBoxLayout;
     fileRow->addWidget(fileLabel);
     fileRow->addWidget(txtFile_, 1);
+
+    // Loading has no known end; the bar only shows that Kavrin is still at work.
+    prgLoad_ = new QProgressBar(this);
+    prgLoad_->setObjectName(QStringLiteral("prgLoad"));
+    prgLoad_->setRange(0, 0);
+    prgLoad_->setTextVisible(false);
+    prgLoad_->setMaximumHeight(10);
 
     fraHints_ = new QFrame(this);
     fraHints_->setObjectName(QStringLiteral("fraHints"));
@@ -68,6 +76,7 @@ FParseLogWindow::FParseLogWindow(FParseLog& model, QWidget* parent) : QDialog(pa
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(fileRow);
+    layout->addWidget(prgLoad_);
     layout->addWidget(fraHints_, 1);
     layout->addLayout(buttons);
 
@@ -83,6 +92,7 @@ void FParseLogWindow::Start(const std::string& fileName) {
     txErrLog_->clear();
     fraHints_->hide();
     lblHinweis_->hide();
+    prgLoad_->show();
     cmdClipbrd_->setEnabled(false);
     cmdCancel_->setEnabled(true);
     cmdOk_->setEnabled(false);
@@ -118,6 +128,7 @@ void FParseLogWindow::FinalState() {
         cursor.removeSelectedText();
     clipboardText_ = QString::fromStdString(model_.ClipboardText());
     finished_ = true;
+    prgLoad_->hide();
     cmdOk_->setEnabled(true);
     cmdCancel_->setEnabled(false);
     cmdClipbrd_->setEnabled(true);

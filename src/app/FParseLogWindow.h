@@ -7,6 +7,7 @@ class QFrame;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
 
 namespace kavrin {
@@ -42,6 +43,7 @@ private:
 
     FParseLog& model_;
     QLineEdit* txtFile_;
+    QProgressBar* prgLoad_;
     QFrame* fraHints_;
     QLabel* lblHinweis_;
     QPlainTextEdit* txErrLog_;

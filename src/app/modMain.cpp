@@ -169,6 +169,7 @@ int Main(int argc, char** argv) {
         mainWindow.close();
         return 0;
     }
+    mainWindow.ShowInstallation();
     mainWindow.ProcessParams(JoinArguments(Arguments(QApplication::arguments())));
     return QApplication::exec();
 }
