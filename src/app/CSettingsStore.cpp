@@ -16,6 +16,18 @@ QSettings Store() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, kProgramName, kProgramName);
 }
 
+// A store that cannot be written (a read-only profile, a full disk) is reported once per run;
+// Kavrin goes on with the values it holds in memory.
+void CheckWritten(QSettings& store, const char* procedure) {
+    static bool reported = false;
+    store.sync();
+    if (store.status() != QSettings::AccessError || reported)
+        return;
+    reported = true;
+    ReportError(procedure, CError::FileAccess(store.fileName().toStdString()),
+                FormatMessage("Kavrin kann seine Einstellungen nicht speichern."));
+}
+
 QString StoreKey(const std::string& section, const std::string& key) {
     return QString::fromStdString(section + "/" + key);
 }
@@ -43,11 +55,13 @@ int32_t CSettingsStore::GetNumber(const std::string& section, const std::string&
 void CSettingsStore::Save(const std::string& section, const std::string& key, const std::string& value) {
     QSettings store = Store();
     store.setValue(StoreKey(section, key), QString::fromStdString(value));
+    CheckWritten(store, "CSettingsStore.Save");
 }
 
 void CSettingsStore::Delete(const std::string& section, const std::string& key) {
     QSettings store = Store();
     store.remove(StoreKey(section, key));
+    CheckWritten(store, "CSettingsStore.Delete");
 }
 
 bool CSettingsStore::ParseNumber(const std::string& text, int32_t& value) {

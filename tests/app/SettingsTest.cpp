@@ -34,6 +34,7 @@ private slots:
     void windowOffAllScreensComesBack();
     void layoutsDirectoryFollowsSettingOrResources();
     void secondInstanceIsRefused();
+    void storeThatCannotBeWrittenIsReportedOnce();
 
 private:
     test::SettingsSandbox settings;
@@ -311,6 +312,23 @@ void SettingsTest::secondInstanceIsRefused() {
     QVERIFY(!AcquireInstanceLock(path));
     first.reset();
     QVERIFY(AcquireInstanceLock(path));
+}
+
+void SettingsTest::storeThatCannotBeWrittenIsReportedOnce() {
+    test::QtPort port;
+    // The store's folder would have to be made inside a file: no writing, not even as root.
+    std::string blocker = files.File("keinOrdner");
+    test::WriteFile(blocker, "x");
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(blocker + "/sub"));
+    CSettingsStore::Save("MainWindow", "x", "10");
+    CSettingsStore::Delete("MainWindow", "y");
+    CMru mru;
+    mru.Add(NewFile("a.anl3"));
+    QCOMPARE(port.errors.size(), size_t(1));
+    QVERIFY(port.errors[0].rfind(FormatMessage("Kavrin kann seine Einstellungen nicht speichern.%m"), 0) ==
+            0);
+    QVERIFY(port.errors[0].find("Fehler 75") != std::string::npos);
+    QCOMPARE(mru.Item(1), files.File("a.anl3"));
 }
 
 QTEST_MAIN(SettingsTest)
