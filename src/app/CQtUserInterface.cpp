@@ -59,13 +59,21 @@ void CQtUserInterface::ProcessPendingEvents() {
     eventTimer_.start();
 }
 
+// The hourglass stands over the main window only: the parse-log window and message boxes that
+// come up during a load keep the normal pointer, so that cancelling and answering feel normal.
 void CQtUserInterface::SetWaitCursor(bool on) {
-    if (on) {
-        if (waitCursorDepth_++ == 0)
+    if (on && waitCursorDepth_++ == 0) {
+        waitCursorWindow_ = mainWindow_;
+        waitCursorOverride_ = waitCursorWindow_.isNull();
+        if (waitCursorOverride_)
             QApplication::setOverrideCursor(Qt::WaitCursor);
-    } else if (waitCursorDepth_ > 0) {
-        if (--waitCursorDepth_ == 0)
+        else
+            waitCursorWindow_->setCursor(Qt::WaitCursor);
+    } else if (!on && waitCursorDepth_ > 0 && --waitCursorDepth_ == 0) {
+        if (waitCursorOverride_)
             QApplication::restoreOverrideCursor();
+        else if (waitCursorWindow_)
+            waitCursorWindow_->unsetCursor();
     }
 }
 

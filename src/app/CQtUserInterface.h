@@ -27,6 +27,8 @@ public:
     // Lets Qt handle events, at most every `EventInterval` milliseconds: a load calls this once
     // per element, and millions of event rounds would cost more than the load itself.
     void ProcessPendingEvents() override;
+    // The hourglass stands over the main window only: the parse-log window and message boxes
+    // that come up during a load keep the normal pointer. Calls nest.
     void SetWaitCursor(bool on) override;
     void ShowStatus(const std::string& text) override;
 
@@ -60,12 +62,14 @@ private:
     FParseLog parseLog_;
     QPointer<QWidget> mainWindow_;
     QPointer<QLabel> statusLabel_;
+    QPointer<QWidget> waitCursorWindow_;
     QPointer<FParseLogWindow> window_;
     QElapsedTimer eventTimer_;
     QElapsedTimer loadTimer_;
     Hooks hooks_;
     long eventRounds_ = 0;
     int waitCursorDepth_ = 0;
+    bool waitCursorOverride_ = false;
     int eventInterval_ = 30;
     int showDelay_ = 400;
     bool loading_ = false;

@@ -65,6 +65,8 @@ private slots:
     void mainWindowStaysWhileADocumentStaysOpen();
     void saveAsRefusesALayoutOpenElsewhere();
     void saveAsWritesTheNewFileAndRenamesTheWindow();
+    void failedSaveKeepsNameAndChange();
+    void waitCursorOverTheMainWindowOnly();
     void commandLineOpensEveryNamedLayout();
     void parseLogShowsHintsAndCopiesThem();
     void cancelStopsTheLoad();
@@ -277,6 +279,45 @@ void WindowsTest::saveAsWritesTheNewFileAndRenamesTheWindow() {
     CAnlage reread;
     QVERIFY(reread.Load(copy));
     QVERIFY(window->SaveAs(copy));
+}
+
+void WindowsTest::failedSaveKeepsNameAndChange() {
+    std::string path = WriteLayout("Bleibt.anl3", test::LayoutText());
+    FAnlage* window = main->OpenFile(path);
+    QVERIFY(window);
+    window->SetChanged(true);
+    QVERIFY(!window->SaveAs(folder->File("fehlt/Neu.anl3")));
+    QCOMPARE(port->errors.size(), size_t(1));
+    QVERIFY(port->errors[0].rfind(FormatMessage("Die Anlage wurde NICHT gespeichert!!%m"), 0) == 0);
+    QCOMPARE(window->FileName(), path);
+    QVERIFY(window->Changed());
+    QVERIFY(window->isWindowModified());
+    QCOMPARE(main->Mru().Item(1), path);
+    QCOMPARE(main->Mru().Count(), 1);
+}
+
+void WindowsTest::waitCursorOverTheMainWindowOnly() {
+    bool checked = false;
+    CQtUserInterface::Hooks hooks;
+    hooks.eventRound = [&](long) {
+        if (checked)
+            return;
+        checked = true;
+        QCOMPARE(main->cursor().shape(), Qt::WaitCursor);
+        QVERIFY(!QApplication::overrideCursor());
+    };
+    port->ui.SetHooks(hooks);
+    QVERIFY(main->OpenFile(kSample));
+    QVERIFY(checked);
+    QCOMPARE(main->cursor().shape(), Qt::ArrowCursor);
+    // Nested calls keep the hourglass until the outermost one ends.
+    port->ui.SetWaitCursor(true);
+    port->ui.SetWaitCursor(true);
+    port->ui.SetWaitCursor(false);
+    QCOMPARE(main->cursor().shape(), Qt::WaitCursor);
+    port->ui.SetWaitCursor(false);
+    port->ui.SetWaitCursor(false);
+    QCOMPARE(main->cursor().shape(), Qt::ArrowCursor);
 }
 
 void WindowsTest::commandLineOpensEveryNamedLayout() {
