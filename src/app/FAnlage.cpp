@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "app/CAppIcon.h"
@@ -66,6 +67,7 @@ void FAnlage::CreateMenus() {
     QAction* save = mnuFile_->addAction(ToQt(FormatMessage("&Speichern")));
     save->setObjectName(QStringLiteral("mnuFileSave"));
     save->setShortcut(QKeySequence::Save);
+    save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
     connect(save, &QAction::triggered, this, [this] { Save(); });
     QAction* saveAs = mnuFile_->addAction(ToQt(FormatMessage("Speichern &unter ...")));
     saveAs->setObjectName(QStringLiteral("mnuFileSaveAs"));

@@ -493,7 +493,9 @@ void FMain::closeEvent(QCloseEvent* event) {
             return;
         }
     }
-    SaveWindowState();
+    // A session that ends with the system does not move the window for the next start.
+    if (!qGuiApp->isSavingSession())
+        SaveWindowState();
     for (FParseLogWindow* log : findChildren<FParseLogWindow*>())
         log->close();
     event->accept();
