@@ -51,10 +51,11 @@ void CAnlage::Clear() {
 bool CAnlage::Load(const std::string& path) {
     Clear();
     path_ = path;
-    UI().ShowStatus(FormatMessage("wird aufgebaut ..."));
-    UI().ProcessPendingEvents();
+    // The log opens first, so that a cancel in the very first event round is not wiped out.
     FParseLog& log = UI().ParseLog();
     log.Open(path);
+    UI().ShowStatus(FormatMessage("wird aufgebaut ..."));
+    UI().ProcessPendingEvents();
     bool ok = ParseDocument(path);
     if (ok) {
         ReadFileVersion();
