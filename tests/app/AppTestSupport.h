@@ -7,7 +7,12 @@
 #include <string>
 #include <vector>
 
+#include <QTest>
+#include <memory>
+
+#include "TestSupport.h"
 #include "app/CQtUserInterface.h"
+#include "app/FMain.h"
 #include "core/IUserInterface.h"
 
 namespace kavrin::test {
@@ -73,6 +78,32 @@ private:
         return QSettings(QSettings::IniFormat, QSettings::UserScope, "Kavrin", "Kavrin");
     }
     QTemporaryDir folder_;
+};
+
+// A shown main window with sandboxed settings, a temporary folder and a recording Qt port;
+// window tests derive from it and call Start() in init() and Stop() in cleanup().
+class MainWindowFixture {
+protected:
+    bool Start() {
+        settings = std::make_unique<SettingsSandbox>();
+        folder = std::make_unique<TempDir>();
+        port = std::make_unique<QtPort>();
+        main = std::make_unique<FMain>(port->ui);
+        port->ui.SetMainWindow(main.get());
+        main->show();
+        return QTest::qWaitForWindowExposed(main.get());
+    }
+    void Stop() {
+        main.reset();
+        port.reset();
+        folder.reset();
+        settings.reset();
+    }
+
+    std::unique_ptr<SettingsSandbox> settings;
+    std::unique_ptr<TempDir> folder;
+    std::unique_ptr<QtPort> port;
+    std::unique_ptr<FMain> main;
 };
 
 } // namespace kavrin::test

@@ -75,7 +75,7 @@ QString Absolute(const std::string& path) {
 
 } // namespace
 
-class DialogsTest : public QObject {
+class DialogsTest : public QObject, public test::MainWindowFixture {
     Q_OBJECT
 private slots:
     void init();
@@ -92,28 +92,14 @@ private slots:
 
 private:
     void Trigger(const char* name) { main->findChild<QAction*>(name)->trigger(); }
-
-    std::unique_ptr<test::SettingsSandbox> settings;
-    std::unique_ptr<test::TempDir> folder;
-    std::unique_ptr<test::QtPort> port;
-    std::unique_ptr<FMain> main;
 };
 
 void DialogsTest::init() {
-    settings = std::make_unique<test::SettingsSandbox>();
-    folder = std::make_unique<test::TempDir>();
-    port = std::make_unique<test::QtPort>();
-    main = std::make_unique<FMain>(port->ui);
-    port->ui.SetMainWindow(main.get());
-    main->show();
-    QVERIFY(QTest::qWaitForWindowExposed(main.get()));
+    QVERIFY(Start());
 }
 
 void DialogsTest::cleanup() {
-    main.reset();
-    port.reset();
-    folder.reset();
-    settings.reset();
+    Stop();
 }
 
 void DialogsTest::menusCarryTheirNames() {

@@ -50,7 +50,7 @@ std::vector<QString> MruCaptions(QMenu* menu) {
 
 } // namespace
 
-class WindowsTest : public QObject {
+class WindowsTest : public QObject, public test::MainWindowFixture {
     Q_OBJECT
 private slots:
     void init();
@@ -81,28 +81,14 @@ private:
         return path;
     }
     QAction* Action(QObject* owner, const char* name) { return owner->findChild<QAction*>(name); }
-
-    std::unique_ptr<test::SettingsSandbox> settings;
-    std::unique_ptr<test::TempDir> folder;
-    std::unique_ptr<test::QtPort> port;
-    std::unique_ptr<FMain> main;
 };
 
 void WindowsTest::init() {
-    settings = std::make_unique<test::SettingsSandbox>();
-    folder = std::make_unique<test::TempDir>();
-    port = std::make_unique<test::QtPort>();
-    main = std::make_unique<FMain>(port->ui);
-    port->ui.SetMainWindow(main.get());
-    main->show();
-    QVERIFY(QTest::qWaitForWindowExposed(main.get()));
+    QVERIFY(Start());
 }
 
 void WindowsTest::cleanup() {
-    main.reset();
-    port.reset();
-    folder.reset();
-    settings.reset();
+    Stop();
 }
 
 void WindowsTest::openShowsNameVersionAndGoesToTheRecentFiles() {
