@@ -233,12 +233,12 @@ void TrackWriter::writeContact(const Contact& contact) {
     }
     xml_.rawAttr("clsid", catalog::kContactClass);
     if (!contact.tip.empty()) {
-        writeTip(contact.tip);
+        writeTip(contact.tip, 1);
     }
     xml_.close();
 }
 
-void TrackWriter::writeTip(std::string_view tip) {
+void TrackWriter::writeTip(std::string_view tip, int show) {
     xml_.attr("TipTxt", tip);
     xml_.attr("TipBGCR", 1);
     xml_.attr("TipBGCG", 1);
@@ -246,7 +246,7 @@ void TrackWriter::writeTip(std::string_view tip) {
     xml_.num("TipFGCR", kTipForeground);
     xml_.num("TipFGCG", kTipForeground);
     xml_.num("TipFGCB", kTipForeground);
-    xml_.attr("TipShow", 1);
+    xml_.attr("TipShow", show);
 }
 
 void TrackWriter::writeSignal(const Signal& signal) {
@@ -260,14 +260,7 @@ void TrackWriter::writeSignal(const Signal& signal) {
     xml_.attr("Key_Id", signal.keyId);
     xml_.attr("Hofs", 120);
     xml_.attr("Vofs", 120);
-    xml_.attr("TipTxt", "");
-    xml_.attr("TipBGCR", 1);
-    xml_.attr("TipBGCG", 1);
-    xml_.attr("TipBGCB", 1);
-    xml_.num("TipFGCR", kTipForeground);
-    xml_.num("TipFGCG", kTipForeground);
-    xml_.num("TipFGCB", kTipForeground);
-    xml_.attr("TipShow", 0);
+    writeTip("", 0);
     xml_.attr("LockEd", 0);
     xml_.open("KontaktZiel");
     xml_.text(std::to_string(signal.target));

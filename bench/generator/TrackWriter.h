@@ -23,7 +23,8 @@ private:
     void writeArc(const TrackPiece& piece, bool inOwnFrame);
     void writeTwist();
     void writeContact(const Contact& contact);
-    void writeTip(std::string_view tip);
+    // The tooltip attributes of a contact or signal; show is 1 for a tooltip shown on the plan.
+    void writeTip(std::string_view tip, int show);
     void writeSignal(const Signal& signal);
 
     XmlTextWriter& xml_;
