@@ -1,7 +1,6 @@
 #include "app/COptions.h"
 
 #include "app/CSettingsStore.h"
-#include "app/FOptView.h"
 #include "core/modTools.h"
 
 namespace kavrin {
@@ -42,98 +41,32 @@ COptions::COptions() {
 
 void COptions::Load() {
     for (int i = 1; i <= kTrackStyles; ++i) {
-        trackColor_[i - 1] = ReadColor(Key("Track%1Color", i), 0);
-        trackVisible_[i - 1] = ReadVisible(Key("Track%1Visible", i));
+        SetTrackColor(i, ReadColor(Key("Track%1Color", i), 0));
+        SetTrackVisible(i, ReadVisible(Key("Track%1Visible", i)));
     }
     for (int kind = kFirstImmoKind; kind <= kLastImmoKind; ++kind) {
-        immoColor_[kind - kFirstImmoKind] = ReadColor(Key("Immo%1Color", kind), 0);
-        immoVisible_[kind - kFirstImmoKind] = ReadVisible(Key("Immo%1Visible", kind));
+        SetImmoColor(kind, ReadColor(Key("Immo%1Color", kind), 0));
+        SetImmoVisible(kind, ReadVisible(Key("Immo%1Visible", kind)));
     }
-    goodsColor_ = ReadColor("GoodsColor", 0);
-    goodsVisible_ = ReadVisible("GoodsVisible");
-    bgColor_ = ReadColor("BGColor", kWhite);
-    trackMarks_ = CSettingsStore::GetNumber(kSection, "TrackMarks", 0) != 0;
+    SetGoodsColor(ReadColor("GoodsColor", 0));
+    SetGoodsVisible(ReadVisible("GoodsVisible"));
+    SetBgColor(ReadColor("BGColor", kWhite));
+    SetTrackMarks(CSettingsStore::GetNumber(kSection, "TrackMarks", 0) != 0);
 }
 
 void COptions::Save() const {
     for (int i = 1; i <= kTrackStyles; ++i) {
-        SaveColor(Key("Track%1Color", i), trackColor_[i - 1]);
-        SaveFlag(Key("Track%1Visible", i), trackVisible_[i - 1]);
+        SaveColor(Key("Track%1Color", i), TrackColor(i));
+        SaveFlag(Key("Track%1Visible", i), TrackVisible(i));
     }
     for (int kind = kFirstImmoKind; kind <= kLastImmoKind; ++kind) {
-        SaveColor(Key("Immo%1Color", kind), immoColor_[kind - kFirstImmoKind]);
-        SaveFlag(Key("Immo%1Visible", kind), immoVisible_[kind - kFirstImmoKind]);
+        SaveColor(Key("Immo%1Color", kind), ImmoColor(kind));
+        SaveFlag(Key("Immo%1Visible", kind), ImmoVisible(kind));
     }
-    SaveColor("GoodsColor", goodsColor_);
-    SaveFlag("GoodsVisible", goodsVisible_);
-    SaveColor("BGColor", bgColor_);
-    SaveFlag("TrackMarks", trackMarks_);
-}
-
-bool COptions::AskUser(QWidget* parent) {
-    FOptView dialog(*this, parent);
-    if (dialog.exec() != FOptView::Accepted)
-        return false;
-    Save();
-    return true;
-}
-
-int COptions::TrackSlot(int index, const char* member) {
-    if (index >= 1 && index <= kTrackStyles)
-        return index - 1;
-    ReportError(std::string("COptions.") + member, CError::SubscriptOutOfRange());
-    return -1;
-}
-
-int COptions::ImmoSlot(int kind, const char* member) {
-    if (kind >= kFirstImmoKind && kind <= kLastImmoKind)
-        return kind - kFirstImmoKind;
-    ReportError(std::string("COptions.") + member, CError::SubscriptOutOfRange());
-    return -1;
-}
-
-uint32_t COptions::TrackColor(int index) const {
-    int slot = TrackSlot(index, "TrackColor");
-    return slot < 0 ? 0 : trackColor_[slot];
-}
-
-void COptions::SetTrackColor(int index, uint32_t color) {
-    int slot = TrackSlot(index, "TrackColor");
-    if (slot >= 0)
-        trackColor_[slot] = color & kWhite;
-}
-
-bool COptions::TrackVisible(int index) const {
-    int slot = TrackSlot(index, "TrackVisible");
-    return slot >= 0 && trackVisible_[slot];
-}
-
-void COptions::SetTrackVisible(int index, bool visible) {
-    int slot = TrackSlot(index, "TrackVisible");
-    if (slot >= 0)
-        trackVisible_[slot] = visible;
-}
-
-bool COptions::ImmoVisible(int kind) const {
-    int slot = ImmoSlot(kind, "ImmoVisible");
-    return slot >= 0 && immoVisible_[slot];
-}
-
-void COptions::SetImmoVisible(int kind, bool visible) {
-    int slot = ImmoSlot(kind, "ImmoVisible");
-    if (slot >= 0)
-        immoVisible_[slot] = visible;
-}
-
-uint32_t COptions::ImmoColor(int kind) const {
-    int slot = ImmoSlot(kind, "ImmoColor");
-    return slot < 0 ? 0 : immoColor_[slot];
-}
-
-void COptions::SetImmoColor(int kind, uint32_t color) {
-    int slot = ImmoSlot(kind, "ImmoColor");
-    if (slot >= 0)
-        immoColor_[slot] = color & kWhite;
+    SaveColor("GoodsColor", GoodsColor());
+    SaveFlag("GoodsVisible", GoodsVisible());
+    SaveColor("BGColor", BgColor());
+    SaveFlag("TrackMarks", TrackMarks());
 }
 
 } // namespace kavrin

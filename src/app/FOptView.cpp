@@ -124,4 +124,14 @@ void FOptView::accept() {
     QDialog::accept();
 }
 
+// Defined beside the dialog, so that the options themselves need no widgets (the command-line
+// export reads them too).
+bool COptions::AskUser(QWidget* parent) {
+    FOptView dialog(*this, parent);
+    if (dialog.exec() != FOptView::Accepted)
+        return false;
+    Save();
+    return true;
+}
+
 } // namespace kavrin

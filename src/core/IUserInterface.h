@@ -13,6 +13,8 @@ public:
     virtual ~IUserInterface() = default;
 
     virtual void ErrorBox(const std::string& text) = 0;
+    // A notice that needs no decision (a terrain bitmap that is ignored, for example).
+    virtual void InfoBox(const std::string& text) { ErrorBox(text); }
     // Yes/No question; true only for Yes.
     virtual bool Ask(const std::string& text) = 0;
     // The parse log that collects hints while a layout loads (and holds the cancel flag).

@@ -347,6 +347,10 @@ void ErrorBox(const std::string& text) {
     UI().ErrorBox(text);
 }
 
+void InfoBox(const std::string& text) {
+    UI().InfoBox(text);
+}
+
 bool Ask(const std::string& text) {
     return UI().Ask(text);
 }

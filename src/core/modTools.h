@@ -73,6 +73,7 @@ std::string NameWithoutExtension(const std::string& path);
 std::string SaveFileFilter(const std::string& extension);
 
 void ErrorBox(const std::string& text);
+void InfoBox(const std::string& text);
 bool Ask(const std::string& text);
 // The common error report: caller's text (or the default), the procedure and the failure.
 void ReportError(std::string_view procedure, const CError& failure, std::string_view text = {});

@@ -9,6 +9,7 @@
 #include "document/CChapters.h"
 #include "document/CXmlProcInstr.h"
 #include "document/INode.h"
+#include "plan/CHoehenFilter.h"
 
 namespace pugi {
 class xml_document;
@@ -50,6 +51,10 @@ public:
     void RegisterKontaktziel(int32_t target) { kontaktZiele_.push_back(target); }
     const std::vector<int32_t>& KontaktZiele() const { return kontaktZiele_; }
 
+    // The height band the plan shows; it lives with the document but is not saved.
+    CHoehenFilter& HoehenFilter() { return hoehenFilter_; }
+    const CHoehenFilter& HoehenFilter() const { return hoehenFilter_; }
+
     // Writes the whole document (declaration, instructions, tree) into a writer.
     bool WriteDocument(CXmlWriter& writer);
 
@@ -70,6 +75,7 @@ private:
     std::vector<int32_t> kontaktZiele_;
     bool changedWhileLoading_ = false;
     bool changed_ = false;
+    CHoehenFilter hoehenFilter_;
 };
 
 } // namespace kavrin

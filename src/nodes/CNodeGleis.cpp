@@ -1,5 +1,7 @@
 #include "nodes/CNodeGleis.h"
 
+#include <cmath>
+
 #include "core/CStringPack.h"
 #include "document/CAnlage.h"
 #include "document/CXmlWriter.h"
@@ -7,9 +9,13 @@
 #include "nodes/CNodeAnfFuehrVerdrehung.h"
 #include "nodes/CNodeCharakteristik.h"
 #include "nodes/CNodeDreibein.h"
+#include "nodes/CNodeKontakt.h"
+#include "nodes/CNodeMeldung.h"
 #include "nodes/CObjectTexte.h"
 #include "nodes/CTrackGeometry.h"
 #include "nodes/modNodes.h"
+#include "plan/CPaintTarget.h"
+#include "plan/modPlanSymbols.h"
 
 namespace kavrin {
 
@@ -266,6 +272,58 @@ bool CNodeGleis::IsBufferStop() const {
 
 std::string CNodeGleis::PrintId() const {
     return FormatMessage("%1 [%2]", id_, CObjectTexte::GleisSystem(gleisSysId_));
+}
+
+std::string CNodeGleis::ModelName() const {
+    return kavrin::ModelName(AttributeText(*this, "gsbname"));
+}
+
+bool CNodeGleis::Paint(CPaintTarget& target) {
+    CTrackGeometry geometry(*this);
+    CVector start = geometry.Start();
+    double x = start.X, y = start.Y;
+    if (!PaintPrologue(target, x, y, start.Z, geometry.Length()))
+        return PaintEpilogue(false);
+    bool straight = !IsNewFormat() && std::fabs(kruemmung_) < 1e-10;
+    DrawTrackLine(target, geometry, straight, Selected());
+    if (target.WithNames) {
+        CVector middle = geometry.PointAt(geometry.Length() / 2);
+        DrawName(target, middle.X + target.View().PaintXOffset, middle.Y + target.View().PaintYOffset,
+                 ModelName());
+    }
+    if (target.WithSignals)
+        PaintSignals(target, geometry);
+    return PaintEpilogue(true);
+}
+
+void CNodeGleis::PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry) {
+    for (const auto& child : SubNodes()) {
+        const std::string& name = child->Name();
+        if (name == "Kontakt") {
+            if (auto* contact = dynamic_cast<CNodeKontakt*>(child.get())) {
+                contact->SetActive(true);
+                contact->PaintAt(target, geometry);
+            }
+        } else if (name == "Meldung") {
+            if (auto* signal = dynamic_cast<CNodeMeldung*>(child.get())) {
+                signal->SetActive(true);
+                signal->PaintAt(target, geometry);
+            }
+        }
+    }
+}
+
+void CNodeGleis::HideTrackMarks() {
+    for (const auto& child : SubNodes())
+        if (auto* paint = dynamic_cast<IPaint*>(child.get()))
+            paint->SetActive(false);
+}
+
+bool CNodeGleis::inRect(const CRect& world) const {
+    CTrackGeometry geometry(*this);
+    CVector start = geometry.Start();
+    CVector end = geometry.End();
+    return world.Contains(start.X, start.Y) && world.Contains(end.X, end.Y);
 }
 
 } // namespace kavrin

@@ -10,11 +10,13 @@
 #include "document/CNodeBase.h"
 #include "document/ICopy.h"
 #include "nodes/C3Bein.h"
+#include "plan/CPaintState.h"
 
 namespace kavrin {
 
 class CNodeKollektor;
 class CNodeGleisSys;
+class CTrackGeometry;
 
 // End numbers of a track piece.
 enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzweig = 4 };
@@ -23,7 +25,7 @@ enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzwe
 // connections at its (up to four) ends. Classic tracks carry Dreibein, Anfangsfuehrungsverdrehung
 // and Charakteristik; tracks of the newer format carry Frame, Interval, Curve and Twist instead,
 // which are kept as read.
-class CNodeGleis : public CNodeBase, public ICopy {
+class CNodeGleis : public CNodeBase, public ICopy, public CPaintState {
 public:
     CNodeGleis();
     ~CNodeGleis() override;
@@ -87,9 +89,22 @@ public:
 
     // "Gleis 12 (Eisenbahn)" style identification for messages.
     std::string PrintId() const;
+    // The model of the track style ("gsbname"), empty when the file names none.
+    std::string ModelName() const;
+
+    // On the plan: the centre line, the name with WithNames, and signals and contacts with
+    // WithSignals. Culled by the start point with the track's length as margin.
+    bool Paint(CPaintTarget& target) override;
+    // Both ends inside the rectangle.
+    bool inRect(const CRect& world) const override;
+    void Move(double dx, double dy) override { MovePos(dx, dy); }
+    void Rotate(double angle, double cx, double cy) override { frame_.Rotate(angle, cx, cy); }
+    // Hides the signals and contacts of the track (WithSignals off).
+    void HideTrackMarks();
 
 private:
     bool ConsumeChild(INode& child);
+    void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);
     void WriteCharakteristik(CXmlWriter& writer) const;
     void WriteAnfFuehrVerdrehung(CXmlWriter& writer) const;
     int16_t CheckedEnd(int16_t end) const;

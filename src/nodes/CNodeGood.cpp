@@ -29,4 +29,12 @@ const std::string& CNodeGood::GsbName() const {
     return FileNames().GetString(gsbNameId_);
 }
 
+bool CNodeGood::Paint(CPaintTarget& target) {
+    return PaintPlaced(target, DreiBein(), PlacedMark::Goods, GsbName());
+}
+
+bool CNodeGood::inRect(const CRect& world) const {
+    return world.Contains(DreiBein().Pos().X, DreiBein().Pos().Y);
+}
+
 } // namespace kavrin

@@ -5,11 +5,12 @@
 
 #include "document/CNodeBase.h"
 #include "nodes/CObjectFrame.h"
+#include "plan/CPaintState.h"
 
 namespace kavrin {
 
 // "Good": one goods item, its model file and its placement frame.
-class CNodeGood : public CNodeBase {
+class CNodeGood : public CNodeBase, public CPaintState {
 public:
     const char* ClassName() const override { return "CNodeGood"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
@@ -24,6 +25,12 @@ public:
     const C3Bein& DreiBein() const { return frame_.DreiBein(); }
     bool HasFrame() const { return frame_.Present(); }
     void MovePos(double dx, double dy) { frame_.MovePos(dx, dy); }
+
+    // On the plan: a small circle at its position, its model's name with WithNames.
+    bool Paint(CPaintTarget& target) override;
+    bool inRect(const CRect& world) const override;
+    void Move(double dx, double dy) override { MovePos(dx, dy); }
+    void Rotate(double angle, double cx, double cy) override { DreiBein().Rotate(angle, cx, cy); }
 
 private:
     int16_t gsbNameId_ = 0;

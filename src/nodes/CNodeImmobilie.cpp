@@ -90,4 +90,12 @@ void CNodeImmobilie::AddBewegTeil(std::unique_ptr<INode> part) {
     bewegTeile_.Add(std::move(part));
 }
 
+bool CNodeImmobilie::Paint(CPaintTarget& target) {
+    return PaintPlaced(target, DreiBein(), PlacedMark::Building, GsbName());
+}
+
+bool CNodeImmobilie::inRect(const CRect& world) const {
+    return world.Contains(DreiBein().Pos().X, DreiBein().Pos().Y);
+}
+
 } // namespace kavrin

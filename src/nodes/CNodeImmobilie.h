@@ -7,6 +7,7 @@
 #include "document/CNodeBase.h"
 #include "document/ICopy.h"
 #include "nodes/CObjectFrame.h"
+#include "plan/CPaintState.h"
 
 namespace kavrin {
 
@@ -14,7 +15,7 @@ class CNodeBewegTeil;
 
 // "Immobile" (spelled so in the file): one building or scenery object of a collection, with its
 // model file, its placement frame, the collector of its own tracks and its moving parts.
-class CNodeImmobilie : public CNodeBase, public ICopy {
+class CNodeImmobilie : public CNodeBase, public ICopy, public CPaintState {
 public:
     const char* ClassName() const override { return "CNodeImmobilie"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
@@ -44,6 +45,13 @@ public:
 
     // A track-accompanying object: one that stands in the collection 1, 2, 3 or 6.
     bool isGleisObjekt() const;
+
+    // On the plan: a square with a stroke in its viewing direction at its position, its model's name with
+    // WithNames.
+    bool Paint(CPaintTarget& target) override;
+    bool inRect(const CRect& world) const override;
+    void Move(double dx, double dy) override { MovePos(dx, dy); }
+    void Rotate(double angle, double cx, double cy) override { DreiBein().Rotate(angle, cx, cy); }
 
 private:
     void AddBewegTeil(std::unique_ptr<INode> part);

@@ -5,12 +5,15 @@
 
 #include "document/CNodeBase.h"
 #include "document/ICopy.h"
+#include "plan/CPaintState.h"
 
 namespace kavrin {
 
+class CTrackGeometry;
+
 // "Meldung": a signal standing at its parent track. Its contact target number comes from a
 // "KontaktZiel" child (-1: none) and is written back as such a child, before the kept ones.
-class CNodeMeldung : public CNodeBase, public ICopy {
+class CNodeMeldung : public CNodeBase, public ICopy, public CPaintState {
 public:
     const char* ClassName() const override { return "CNodeMeldung"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
@@ -37,6 +40,15 @@ public:
     int16_t ParaOderAnti() const { return paraOderAnti_; }
     int32_t KontaktZiel() const { return kontaktZiel_; }
     void SetKontaktZiel(int32_t target) { kontaktZiel_ = target; }
+
+    // On the plan: a red triangle pointing the way it faces, at its place along the parent track. It moves
+    // with its track, so Move and Rotate leave it alone.
+    bool Paint(CPaintTarget& target) override;
+    // Paints with the geometry of the parent track, which the track has at hand.
+    bool PaintAt(CPaintTarget& target, const CTrackGeometry& track);
+    bool inRect(const CRect& world) const override;
+    void Move(double, double) override {}
+    void Rotate(double, double, double) override {}
 
 private:
     bool TakeKontaktZiel(const INode& child);

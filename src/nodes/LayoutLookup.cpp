@@ -2,6 +2,7 @@
 
 #include "document/CAnlage.h"
 #include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeLandschaft.h"
 
 namespace kavrin {
 
@@ -28,6 +29,15 @@ CNodeGleisSys* FindGleisSys(const CAnlage& anlage, int16_t gleissystemId) {
 CNodeGleis* FindGleis(const CAnlage& anlage, int16_t gleissystemId, int32_t gleisId) {
     CNodeGleisSys* system = FindGleisSys(anlage, gleissystemId);
     return system ? system->FindGleis(gleisId) : nullptr;
+}
+
+const CNodeLandschaft* FindTerrain(const CAnlage& anlage) {
+    if (!anlage.RootNode())
+        return nullptr;
+    for (const auto& chapter : anlage.RootNode()->SubNodes())
+        if (const auto* terrain = dynamic_cast<const CNodeLandschaft*>(chapter.get()))
+            return terrain;
+    return nullptr;
 }
 
 } // namespace kavrin

@@ -8,10 +8,13 @@ namespace kavrin {
 class CAnlage;
 class CNodeGleis;
 class CNodeGleisSys;
+class CNodeLandschaft;
 
 // The track systems of a layout, in file order.
 std::vector<CNodeGleisSys*> TrackSystems(const CAnlage& anlage);
 CNodeGleisSys* FindGleisSys(const CAnlage& anlage, int16_t gleissystemId);
 CNodeGleis* FindGleis(const CAnlage& anlage, int16_t gleissystemId, int32_t gleisId);
+// The terrain ("Schandlaft"), or null when the layout has none.
+const CNodeLandschaft* FindTerrain(const CAnlage& anlage);
 
 } // namespace kavrin

@@ -1,0 +1,165 @@
+#include "app/CQtCanvas.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPolygonF>
+#include <algorithm>
+#include <cmath>
+
+#include "app/modQtText.h"
+#include "plan/CPlanImage.h"
+
+namespace kavrin {
+
+namespace {
+// Pixel coordinates beyond this distance from the picture are clipped before drawing.
+constexpr double kSlack = 4096;
+} // namespace
+
+CQtCanvas::CQtCanvas(QPainter& painter, int pixelWidth, int pixelHeight)
+    : painter_(painter), width_(pixelWidth), height_(pixelHeight) {}
+
+void CQtCanvas::SetView(double left, double top, double width, double height) {
+    left_ = left;
+    top_ = top;
+    scaleX_ = width != 0 ? width_ / width : 0;
+    scaleY_ = height != 0 ? height_ / height : 0;
+}
+
+QPointF CQtCanvas::ToPixel(double x, double y) const {
+    return {(x - left_) * scaleX_, (y - top_) * scaleY_};
+}
+
+bool CQtCanvas::Tame(const QPointF& p) const {
+    return p.x() >= -kSlack && p.x() <= width_ + kSlack && p.y() >= -kSlack && p.y() <= height_ + kSlack;
+}
+
+void CQtCanvas::Clear(uint32_t color) {
+    painter_.fillRect(QRect(0, 0, width_, height_), ColorFromBgr(color));
+}
+
+void CQtCanvas::SetPen(uint32_t color, double widthPx) {
+    color_ = color;
+    penWidth_ = widthPx;
+    QPen pen(ColorFromBgr(color));
+    pen.setWidthF(widthPx);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    painter_.setPen(pen);
+}
+
+void CQtCanvas::SetFill(bool filled) {
+    painter_.setBrush(filled ? QBrush(ColorFromBgr(color_)) : QBrush(Qt::NoBrush));
+}
+
+void CQtCanvas::Line(double x1, double y1, double x2, double y2) {
+    ClippedLine(ToPixel(x1, y1), ToPixel(x2, y2));
+}
+
+// Liang-Barsky against the picture widened by the slack; segments with a coordinate that is
+// no number are dropped.
+void CQtCanvas::ClippedLine(QPointF a, QPointF b) {
+    if (Tame(a) && Tame(b)) {
+        painter_.drawLine(a, b);
+        return;
+    }
+    double dx = b.x() - a.x(), dy = b.y() - a.y();
+    double t0 = 0, t1 = 1;
+    const double p[4] = {-dx, dx, -dy, dy};
+    const double q[4] = {a.x() + kSlack, width_ + kSlack - a.x(), a.y() + kSlack, height_ + kSlack - a.y()};
+    for (int i = 0; i < 4; ++i) {
+        if (!std::isfinite(p[i]) || !std::isfinite(q[i]))
+            return;
+        if (p[i] == 0) {
+            if (q[i] < 0)
+                return;
+            continue;
+        }
+        double t = q[i] / p[i];
+        if (p[i] < 0)
+            t0 = std::max(t0, t);
+        else
+            t1 = std::min(t1, t);
+        if (t0 > t1)
+            return;
+    }
+    painter_.drawLine(QPointF(a.x() + t0 * dx, a.y() + t0 * dy), QPointF(a.x() + t1 * dx, a.y() + t1 * dy));
+}
+
+void CQtCanvas::Polyline(const double* xs, const double* ys, int n) {
+    if (n < 2)
+        return;
+    points_.resize(static_cast<size_t>(n));
+    bool tame = true;
+    for (int i = 0; i < n; ++i) {
+        points_[static_cast<size_t>(i)] = ToPixel(xs[i], ys[i]);
+        tame = tame && Tame(points_[static_cast<size_t>(i)]);
+    }
+    if (tame) {
+        painter_.drawPolyline(points_.data(), n);
+        return;
+    }
+    for (int i = 1; i < n; ++i)
+        ClippedLine(points_[static_cast<size_t>(i) - 1], points_[static_cast<size_t>(i)]);
+}
+
+void CQtCanvas::Circle(double x, double y, double radiusPx, bool filled) {
+    QPointF centre = ToPixel(x, y);
+    if (!Tame(centre))
+        return;
+    SetFill(filled);
+    painter_.drawEllipse(centre, radiusPx, radiusPx);
+}
+
+void CQtCanvas::Square(double x, double y, double halfPx, bool filled) {
+    QPointF centre = ToPixel(x, y);
+    if (!Tame(centre))
+        return;
+    SetFill(filled);
+    painter_.drawRect(QRectF(centre.x() - halfPx, centre.y() - halfPx, 2 * halfPx, 2 * halfPx));
+}
+
+void CQtCanvas::Triangle(double x, double y, double dx, double dy, double sizePx, bool filled) {
+    QPointF tip = ToPixel(x, y);
+    double norm = std::hypot(dx, dy);
+    if (!Tame(tip) || !(norm > 0))
+        return;
+    // Pixel y grows downwards.
+    double ux = dx / norm, uy = -dy / norm;
+    QPointF base(tip.x() - ux * sizePx, tip.y() - uy * sizePx);
+    QPointF side(-uy * sizePx / 2, ux * sizePx / 2);
+    QPolygonF polygon({tip, base + side, base - side});
+    SetFill(filled);
+    painter_.drawPolygon(polygon);
+}
+
+void CQtCanvas::Text(double x, double y, std::string_view text, uint32_t color, int dxPx, int dyPx) {
+    QPointF at = ToPixel(x, y);
+    if (!Tame(at))
+        return;
+    painter_.setPen(ColorFromBgr(color));
+    painter_.drawText(at + QPointF(dxPx, -dyPx),
+                      QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    SetPen(color_, penWidth_);
+}
+
+// Only the part of the image inside the picture is handed to the painter, so a deep zoom
+// does not scale the whole image up.
+void CQtCanvas::StretchImage(const CPlanImage& image, const CRect& world) {
+    if (image.Empty() || scaleX_ == 0 || scaleY_ == 0)
+        return;
+    QPointF topLeft = ToPixel(world.Left, world.Top);
+    QPointF bottomRight = ToPixel(world.Right, world.Bottom);
+    QRectF target(topLeft, bottomRight);
+    QRectF visible = target.intersected(QRectF(0, 0, width_, height_));
+    if (visible.isEmpty() || !target.isValid())
+        return;
+    double sx = image.Width() / target.width(), sy = image.Height() / target.height();
+    QRectF source((visible.left() - target.left()) * sx, (visible.top() - target.top()) * sy,
+                  visible.width() * sx, visible.height() * sy);
+    QImage wrapped(reinterpret_cast<const uchar*>(image.Data()), image.Width(), image.Height(),
+                   static_cast<qsizetype>(image.Width()) * 4, QImage::Format_RGB32);
+    painter_.drawImage(visible, wrapped, source);
+}
+
+} // namespace kavrin

@@ -1,0 +1,71 @@
+#include "plan/CPaintState.h"
+
+#include <atomic>
+#include <cstdio>
+
+#include "nodes/C3Bein.h"
+#include "plan/CPaintTarget.h"
+#include "plan/modPlanSymbols.h"
+
+namespace kavrin {
+
+namespace {
+std::atomic<uint32_t> lastKey{0};
+}
+
+CPaintState::CPaintState() : key_(++lastKey) {}
+
+// A copy is a new object on the plan: it gets its own key and starts unselected.
+CPaintState::CPaintState(const CPaintState& other)
+    : IPaint(), key_(++lastKey), active_(other.active_), inHeightRange_(other.inHeightRange_) {}
+
+CPaintState& CPaintState::operator=(const CPaintState& other) {
+    active_ = other.active_;
+    inHeightRange_ = other.inHeightRange_;
+    return *this;
+}
+
+std::string CPaintState::Key() const {
+    char text[16];
+    std::snprintf(text, sizeof text, "%X", key_);
+    return text;
+}
+
+bool CPaintState::Consider(int mode) const {
+    switch (mode) {
+    case 0:
+        return active_ && onPlan_ && inHeightRange_;
+    case 1:
+        return true;
+    case 2:
+        return active_ && inHeightRange_;
+    default:
+        return false;
+    }
+}
+
+bool CPaintState::PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin) {
+    inHeightRange_ = target.Filter().inRange(z);
+    if (!inHeightRange_)
+        return false;
+    x += target.View().PaintXOffset;
+    y += target.View().PaintYOffset;
+    return target.View().IsVisible(x, y, margin);
+}
+
+bool CPaintState::PaintPlaced(CPaintTarget& target, const C3Bein& frame, PlacedMark mark,
+                              std::string_view modelPath) {
+    const CVector& pos = frame.Pos();
+    double x = pos.X, y = pos.Y;
+    if (!PaintPrologue(target, x, y, pos.Z, 0))
+        return PaintEpilogue(false);
+    if (mark == PlacedMark::Building)
+        DrawBuildingMark(target, x, y, frame.Dir(), selected_);
+    else
+        DrawGoodsMark(target, x, y, selected_);
+    if (target.WithNames)
+        DrawName(target, x, y, ModelName(modelPath));
+    return PaintEpilogue(true);
+}
+
+} // namespace kavrin

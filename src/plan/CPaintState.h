@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "plan/IPaint.h"
+
+namespace kavrin {
+
+class C3Bein;
+
+// The state every paintable node keeps: selection, the flags of the last paint and its key.
+// Node classes derive from it and add only what draws and edits them.
+class CPaintState : public IPaint {
+public:
+    CPaintState();
+    CPaintState(const CPaintState&);
+    CPaintState& operator=(const CPaintState&);
+
+    bool Selected() const override { return selected_; }
+    void SetSelected(bool selected) override { selected_ = selected; }
+    std::string Key() const override;
+    uint32_t KeyNumber() const { return key_; }
+    bool Active() const override { return active_; }
+    void SetActive(bool active) override { active_ = active; }
+    bool OnPlan() const override { return onPlan_; }
+    void SetOnPlan(bool onPlan) override { onPlan_ = onPlan; }
+    bool InHeightRange() const override { return inHeightRange_; }
+    void SetInHeightRange(bool inRange) override { inHeightRange_ = inRange; }
+    bool Consider(int mode) const override;
+    bool isDeleteable() const override { return true; }
+
+protected:
+    // The common start of Paint: the height test (recorded), the offsets and the culling test.
+    // True when the node is to be drawn; (x, y) then hold the offset position.
+    bool PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin);
+    enum class PlacedMark { Building, Goods };
+    // The whole Paint of an object that stands by its placement frame: a mark at its position
+    // and, with WithNames, the name of its model beside it.
+    bool PaintPlaced(CPaintTarget& target, const C3Bein& frame, PlacedMark mark, std::string_view modelPath);
+    // The common end of Paint: records and returns whether the node was drawn.
+    bool PaintEpilogue(bool drawn) {
+        onPlan_ = drawn;
+        return drawn;
+    }
+
+private:
+    uint32_t key_;
+    bool selected_ = false;
+    bool active_ = true;
+    bool onPlan_ = false;
+    bool inHeightRange_ = true;
+};
+
+} // namespace kavrin

@@ -1,0 +1,188 @@
+#include "plan/CPlanPainter.h"
+
+#include <cmath>
+#include <typeinfo>
+
+#include "document/CAnlage.h"
+#include "nodes/CNodeGleis.h"
+#include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeGood.h"
+#include "nodes/CNodeGoods.h"
+#include "nodes/CNodeImmoSammlung.h"
+#include "nodes/CNodeImmobilie.h"
+#include "nodes/CNodeLandschaft.h"
+#include "nodes/CTrackGeometry.h"
+#include "nodes/LayoutLookup.h"
+#include "plan/CPaintTarget.h"
+#include "plan/CPlanImage.h"
+#include "plan/CViewOptions.h"
+
+namespace kavrin {
+
+namespace {
+constexpr uint32_t kTrackIdColor = 0x800000; // dark blue
+constexpr uint32_t kRotCenterColor = 0xFF00FF;
+
+// The node as T when it is exactly that class. Cheaper than a cross cast for the hundred
+// thousands of children of a large layout.
+template <typename T> T* Exactly(INode* node) {
+    return node && typeid(*node) == typeid(T) ? static_cast<T*>(node) : nullptr;
+}
+
+double Whole(double value) {
+    return std::isfinite(value) ? std::nearbyint(value) : 0;
+}
+} // namespace
+
+CPlanPainter::CPlanPainter(CAnlage& anlage, CPlanView& view, const CViewOptions& options)
+    : anlage_(anlage), view_(view), options_(options) {}
+
+bool CPlanPainter::InitView(CPlanView& view, const CAnlage& anlage) {
+    const CNodeLandschaft* terrain = FindTerrain(anlage);
+    if (!terrain)
+        return false;
+    CRect rect = terrain->Rect();
+    view.SetLayout(Whole(rect.Left), Whole(rect.Bottom), Whole(rect.Width()), Whole(rect.Top - rect.Bottom));
+    view.BuildZoomSteps();
+    return view.ExtX() > 0 && view.ExtY() > 0;
+}
+
+bool CPlanPainter::DrawAll(Canvas& canvas) {
+    view_.SetClientSize(canvas.PixelWidth(), canvas.PixelHeight());
+    if (view_.Zoom() <= 0 || !view_.ScalePlan())
+        return false;
+    canvas.SetView(view_.Left(), view_.Top(), view_.Width(), view_.Height());
+    DrawBG(canvas);
+    CPaintTarget target(canvas, view_, anlage_.HoehenFilter());
+    target.WithNames = WithNames;
+    target.WithSignals = WithSignals;
+    target.TrackMarks = options_.TrackMarks();
+    for (int style = 1; style <= options_.TrackStyleCount(); ++style) {
+        if (options_.TrackVisible(style)) {
+            target.Color = options_.TrackColor(style);
+            DrawTrackStyle(target, style);
+        } else {
+            HideTrackStyle(style);
+        }
+    }
+    for (int i = 1; i <= options_.ImmoStyleCount(); ++i) {
+        int kind = CViewOptions::kFirstImmoKind + i - 1;
+        if (options_.ImmoVisible(kind)) {
+            target.Color = options_.ImmoColor(kind);
+            DrawImmoSammlung(target, kind);
+        } else {
+            HideImmoSammlung(kind);
+        }
+    }
+    if (options_.GoodsVisible()) {
+        target.Color = options_.GoodsColor();
+        DrawGoods(target);
+    } else {
+        HideGoods();
+    }
+    if (options_.GleisId())
+        DrawGleisIds(target);
+    DrawRotCenter(canvas);
+    return true;
+}
+
+void CPlanPainter::DrawBG(Canvas& canvas) const {
+    canvas.Clear(options_.BgColor());
+    if (Background && !Background->Empty())
+        canvas.StretchImage(*Background, CRect(view_.PosX(), view_.PosY() + view_.ExtY(),
+                                               view_.PosX() + view_.ExtX(), view_.PosY()));
+}
+
+void CPlanPainter::PaintTrack(CNodeGleis& track, CPaintTarget& target) const {
+    track.SetActive(true);
+    if (!target.WithSignals)
+        track.HideTrackMarks();
+    track.Paint(target);
+}
+
+void CPlanPainter::DrawTrackStyle(CPaintTarget& target, int style) {
+    for (CNodeGleisSys* system : TrackSystems(anlage_))
+        if (CViewOptions::TrackStyleOfSystem(system->Number()) == style)
+            for (CNodeGleis* track : system->Gleise().Tracks())
+                PaintTrack(*track, target);
+    ForEachBuilding([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, true,
+                    &target);
+}
+
+void CPlanPainter::HideTrackStyle(int style) {
+    for (CNodeGleisSys* system : TrackSystems(anlage_))
+        if (CViewOptions::TrackStyleOfSystem(system->Number()) == style)
+            for (CNodeGleis* track : system->Gleise().Tracks()) {
+                track->SetActive(false);
+                track->HideTrackMarks();
+            }
+    ForEachBuilding([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, false,
+                    nullptr);
+}
+
+void CPlanPainter::DrawImmoSammlung(CPaintTarget& target, int kind) {
+    ForEachBuilding([kind](int id) { return id == kind; }, true, &target);
+}
+
+void CPlanPainter::HideImmoSammlung(int kind) {
+    ForEachBuilding([kind](int id) { return id == kind; }, false, nullptr);
+}
+
+template <typename Match>
+void CPlanPainter::ForEachBuilding(Match matches, bool paint, CPaintTarget* target) {
+    for (const auto& chapter : anlage_.RootNode()->SubNodes()) {
+        auto* collection = Exactly<CNodeImmoSammlung>(chapter.get());
+        if (!collection || !matches(collection->ID()))
+            continue;
+        for (const auto& child : collection->SubNodes())
+            if (auto* building = Exactly<CNodeImmobilie>(child.get())) {
+                building->SetActive(paint);
+                if (paint)
+                    building->Paint(*target);
+            }
+    }
+}
+
+void CPlanPainter::DrawGoods(CPaintTarget& target) {
+    for (const auto& chapter : anlage_.RootNode()->SubNodes())
+        if (Exactly<CNodeGoods>(chapter.get()))
+            for (const auto& child : chapter->SubNodes())
+                if (auto* good = Exactly<CNodeGood>(child.get())) {
+                    good->SetActive(true);
+                    good->Paint(target);
+                }
+}
+
+void CPlanPainter::HideGoods() {
+    for (const auto& chapter : anlage_.RootNode()->SubNodes())
+        if (Exactly<CNodeGoods>(chapter.get()))
+            for (const auto& child : chapter->SubNodes())
+                if (auto* good = Exactly<CNodeGood>(child.get()))
+                    good->SetActive(false);
+}
+
+// The id of every track drawn, at the middle of its centre line.
+void CPlanPainter::DrawGleisIds(CPaintTarget& target) const {
+    for (CNodeGleisSys* system : TrackSystems(anlage_))
+        for (CNodeGleis* track : system->Gleise().Tracks()) {
+            if (!track->Consider(0))
+                continue;
+            CTrackGeometry geometry(*track);
+            CVector middle = geometry.PointAt(geometry.Length() / 2);
+            target.Draw().Text(middle.X + view_.PaintXOffset, middle.Y + view_.PaintYOffset,
+                               std::to_string(track->ID()), kTrackIdColor, 3, 12);
+        }
+}
+
+void CPlanPainter::DrawRotCenter(Canvas& canvas) const {
+    if (!RotCenterShown)
+        return;
+    double x = RotCenterX, y = RotCenterY;
+    double reach = 10 * view_.PixelSize();
+    canvas.SetPen(kRotCenterColor, 2);
+    canvas.Circle(x, y, 6, false);
+    canvas.Line(x - reach, y, x + reach, y);
+    canvas.Line(x, y - reach, x, y + reach);
+}
+
+} // namespace kavrin

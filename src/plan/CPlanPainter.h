@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kavrin {
+
+class CAnlage;
+class CHoehenFilter;
+class CNodeGleis;
+class CPaintTarget;
+class CPlanImage;
+class CPlanView;
+class CViewOptions;
+class Canvas;
+
+// Draws a whole layout (DrawAll): background, tracks by style with their track-accompanying
+// objects, buildings by kind, goods, track ids and the rotation centre, in that order. The
+// window and the bitmap export both draw through it, each on its own canvas.
+class CPlanPainter {
+public:
+    CPlanPainter(CAnlage& anlage, CPlanView& view, const CViewOptions& options);
+
+    // Takes the layout's extent from its terrain (whole world units) and builds the zoom steps;
+    // false when the layout has no usable terrain.
+    static bool InitView(CPlanView& view, const CAnlage& anlage);
+
+    bool WithNames = false;
+    bool WithSignals = false;
+    // The accepted background picture, not owned; null for the plain background colour.
+    const CPlanImage* Background = nullptr;
+    bool RotCenterShown = false;
+    double RotCenterX = 0;
+    double RotCenterY = 0;
+
+    // False when nothing was drawn: no zoom yet, or the view cannot be scaled.
+    bool DrawAll(Canvas& canvas);
+
+private:
+    void DrawBG(Canvas& canvas) const;
+    void DrawTrackStyle(CPaintTarget& target, int style);
+    void HideTrackStyle(int style);
+    void DrawImmoSammlung(CPaintTarget& target, int kind);
+    void HideImmoSammlung(int kind);
+    void DrawGoods(CPaintTarget& target);
+    void HideGoods();
+    void DrawGleisIds(CPaintTarget& target) const;
+    void DrawRotCenter(Canvas& canvas) const;
+    // Paints or hides the objects of the building collections whose ids map to `matches`.
+    template <typename Match> void ForEachBuilding(Match matches, bool paint, CPaintTarget* target);
+    void PaintTrack(CNodeGleis& track, CPaintTarget& target) const;
+
+    CAnlage& anlage_;
+    CPlanView& view_;
+    const CViewOptions& options_;
+};
+
+} // namespace kavrin

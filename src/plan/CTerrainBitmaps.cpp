@@ -1,0 +1,83 @@
+#include "plan/CTerrainBitmaps.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/modTools.h"
+#include "nodes/CNodeLandschaft.h"
+#include "plan/CBmpFile.h"
+
+namespace kavrin {
+
+namespace {
+std::string Lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+// The stored name uses Windows separators and starts with one; the files were written on a
+// system that ignores case, so a file that differs only in case is the same file.
+std::string Resolve(const std::string& stored, const std::string& folder) {
+    std::string relative = stored;
+    std::replace(relative.begin(), relative.end(), '\\', '/');
+    while (!relative.empty() && relative.front() == '/')
+        relative.erase(0, 1);
+    std::filesystem::path path = std::filesystem::path(folder) / relative;
+    std::error_code error;
+    if (std::filesystem::exists(path, error))
+        return path.string();
+    std::string wanted = Lower(path.filename().string());
+    for (const auto& entry : std::filesystem::directory_iterator(path.parent_path(), error))
+        if (Lower(entry.path().filename().string()) == wanted)
+            return entry.path().string();
+    return path.string();
+}
+} // namespace
+
+const char* CTerrainBitmaps::AttributeName(Kind kind) {
+    static const char* const names[kKinds] = {"FarbenFile", "HoehenFile", "TexturenFile", "TextureBinFile"};
+    return names[kind];
+}
+
+void CTerrainBitmaps::Check(const CNodeLandschaft& terrain, const std::string& layoutFolder) {
+    expectedWidth_ = terrain.extX();
+    expectedHeight_ = terrain.extY();
+    const std::string* stored[kKinds] = {&terrain.FarbenFile(), &terrain.HoehenFile(),
+                                         &terrain.TexturenFile(), &terrain.TextureBinFile()};
+    background_ = {};
+    for (int i = 0; i < kKinds; ++i) {
+        auto kind = static_cast<Kind>(i);
+        files_[kind] = *stored[i];
+        accepted_[kind] = CheckOne(kind, *stored[i], layoutFolder);
+    }
+}
+
+bool CTerrainBitmaps::CheckOne(Kind kind, const std::string& stored, const std::string& layoutFolder) {
+    if (stored.empty())
+        return false;
+    std::string shown = stored.substr(1);
+    std::string path = Resolve(stored, layoutFolder);
+    if (!FileExists(path)) {
+        InfoBox(FormatMessage("%1 '%2' nicht vorhanden", AttributeName(kind), shown));
+        return false;
+    }
+    CBmpFile bitmap;
+    if (!bitmap.Open(path)) {
+        InfoBox(
+            FormatMessage("%1 '%2' ist keine gültige BMP-Datei;%nsie wird während dieser Sitzung ignoriert.",
+                          AttributeName(kind), shown));
+        return false;
+    }
+    if (bitmap.Width() != expectedWidth_ || bitmap.Height() != expectedHeight_) {
+        InfoBox(FormatMessage("%1 '%2' hat die falsche Größe %3 x %4;%nerwartet werden %5 x %6 Pixel.",
+                              AttributeName(kind), shown, bitmap.Width(), bitmap.Height(), expectedWidth_,
+                              expectedHeight_));
+        return false;
+    }
+    if (kind == FileF)
+        background_ = bitmap.Decode();
+    return true;
+}
+
+} // namespace kavrin

@@ -1,0 +1,151 @@
+#include "plan/modPlanSymbols.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "nodes/CNodeGleis.h"
+#include "nodes/CRect.h"
+#include "nodes/CTrackGeometry.h"
+#include "plan/CPaintTarget.h"
+
+namespace kavrin {
+
+namespace {
+constexpr double kLineWidth = 1;
+constexpr double kSelectedWidth = 3;
+constexpr double kMarkHalf = 3;
+constexpr double kMarkStroke = 7;
+constexpr double kSignalSize = 7;
+constexpr double kContactHalf = 2.5;
+constexpr int kMaxCurvePoints = 2000;
+constexpr uint32_t kSignalRed = 0x0000D0;
+
+double Width(bool selected) {
+    return selected ? kSelectedWidth : kLineWidth;
+}
+
+// Offset position of a point on a track.
+void Offset(const CPaintTarget& target, const CVector& p, double& x, double& y) {
+    x = p.X + target.View().PaintXOffset;
+    y = p.Y + target.View().PaintYOffset;
+}
+
+// The number of points of a curve: length / step + 1, truncated, at least the two ends; a
+// degenerate step or an absurd length gives a bounded count.
+int CurvePointCount(double length, double step) {
+    double count = length / step + 1;
+    if (!(count >= 2))
+        return 2;
+    return static_cast<int>(std::min(count, static_cast<double>(kMaxCurvePoints)));
+}
+} // namespace
+
+void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected) {
+    Canvas& canvas = target.Draw();
+    canvas.SetPen(target.Color, Width(selected));
+    canvas.Square(x, y, kMarkHalf, selected);
+    double length = std::hypot(dir.X, dir.Y);
+    if (length > 0 && std::isfinite(length)) {
+        double reach = kMarkStroke * target.PixelSize() / length;
+        canvas.Line(x, y, x + dir.X * reach, y + dir.Y * reach);
+    }
+}
+
+void DrawGoodsMark(CPaintTarget& target, double x, double y, bool selected) {
+    target.Draw().SetPen(target.Color, Width(selected));
+    target.Draw().Circle(x, y, kMarkHalf, selected);
+}
+
+void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double dy, bool selected) {
+    Canvas& canvas = target.Draw();
+    canvas.SetPen(kSignalRed, Width(selected));
+    canvas.Triangle(x, y, dx, dy, selected ? kSignalSize + 3 : kSignalSize, true);
+}
+
+unsigned ContactColor(int setType) {
+    if (setType == 0)
+        return 0x0080FF; // signal or switch: orange
+    if (setType >= 1 && setType <= 39)
+        return 0xC06000; // vehicle: blue
+    switch (setType) {
+    case 256:
+        return 0x00A000; // sound: green
+    case 512:
+        return 0xA000A0; // camera: purple
+    case 768:
+    case 2048:
+        return 0x008080; // building, animation: olive
+    default:
+        return 0x606060;
+    }
+}
+
+void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool selected) {
+    target.Draw().SetPen(ContactColor(setType), Width(selected));
+    target.Draw().Square(x, y, selected ? kContactHalf + 2 : kContactHalf, true);
+}
+
+void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool straight, bool selected) {
+    Canvas& canvas = target.Draw();
+    canvas.SetPen(target.Color, Width(selected));
+    double length = geometry.Length();
+    int count = straight ? 2 : CurvePointCount(length, target.CurveStep());
+    target.Xs.resize(static_cast<size_t>(count));
+    target.Ys.resize(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        double s = i == count - 1 ? length : length * i / (count - 1);
+        Offset(target, geometry.PointAt(s), target.Xs[static_cast<size_t>(i)],
+               target.Ys[static_cast<size_t>(i)]);
+    }
+    canvas.Polyline(target.Xs.data(), target.Ys.data(), count);
+    if (target.TrackMarks) {
+        canvas.Circle(target.Xs.front(), target.Ys.front(), 2, false);
+        canvas.Circle(target.Xs.back(), target.Ys.back(), 2, false);
+    }
+}
+
+void DrawName(CPaintTarget& target, double x, double y, std::string_view name) {
+    if (!name.empty())
+        target.Draw().Text(x, y, name, target.Color, 5, -5);
+}
+
+TrackPlace TrackPlaceAt(const CTrackGeometry& geometry, double s) {
+    double length = geometry.Length();
+    s = std::clamp(std::isfinite(s) ? s : 0.0, 0.0, std::max(0.0, length));
+    CVector p = geometry.PointAt(s);
+    TrackPlace place{p.X, p.Y, p.Z};
+    // The direction from a short stretch around the place; a piece too short keeps "east".
+    double step = std::min(10.0, length / 2);
+    if (step > 0) {
+        CVector a = geometry.PointAt(std::max(0.0, s - step));
+        CVector b = geometry.PointAt(std::min(length, s + step));
+        double norm = std::hypot(b.X - a.X, b.Y - a.Y);
+        if (norm > 0 && std::isfinite(norm)) {
+            place.dx = (b.X - a.X) / norm;
+            place.dy = (b.Y - a.Y) / norm;
+        }
+    }
+    return place;
+}
+
+bool ParentTrackPlace(const INode& node, double s, TrackPlace& place) {
+    const auto* track = dynamic_cast<const CNodeGleis*>(node.Parent());
+    if (!track)
+        return false;
+    place = TrackPlaceAt(CTrackGeometry(*track), s);
+    return true;
+}
+
+bool ParentTrackPlaceInRect(const INode& node, double s, const CRect& world) {
+    TrackPlace place;
+    return ParentTrackPlace(node, s, place) && world.Contains(place.x, place.y);
+}
+
+std::string ModelName(std::string_view modelPath) {
+    size_t slash = modelPath.find_last_of("\\/");
+    std::string_view file = slash == std::string_view::npos ? modelPath : modelPath.substr(slash + 1);
+    size_t dot = file.rfind('.');
+    return std::string(dot == std::string_view::npos || dot == 0 ? file : file.substr(0, dot));
+}
+
+} // namespace kavrin

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kavrin {
+
+class C3Bein;
+class CPaintTarget;
+class CTrackGeometry;
+class CVector;
+class INode;
+class CRect;
+
+// The marks of the plan, shared by the node classes so that each kind looks the same wherever
+// it is drawn. Positions are world coordinates with the paint offsets already added.
+
+// A building or structure: a square with a short stroke in its viewing direction.
+void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected);
+// A goods item: a small circle.
+void DrawGoodsMark(CPaintTarget& target, double x, double y, bool selected);
+// A signal: a red triangle pointing along its track.
+void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double dy, bool selected);
+// A contact: a small square whose colour tells its kind.
+void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool selected);
+// A track's centre line, sampled along its geometry; marks at its ends with TrackMarks.
+void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool straight, bool selected);
+// A name beside a mark, in the target's colour.
+void DrawName(CPaintTarget& target, double x, double y, std::string_view name);
+
+// The model's name as the user knows it: the file name of a model path without folder and
+// extension ("\Immobilien\Haus_1.3dm" -> "Haus_1").
+std::string ModelName(std::string_view modelPath);
+
+// A place along a track: the point and the unit direction of travel there.
+struct TrackPlace {
+    double x = 0, y = 0, z = 0;
+    double dx = 1, dy = 0;
+};
+TrackPlace TrackPlaceAt(const CTrackGeometry& geometry, double s);
+// The geometry of the track a contact or signal stands on; false when its parent is no track.
+bool ParentTrackPlace(const INode& node, double s, TrackPlace& place);
+bool ParentTrackPlaceInRect(const INode& node, double s, const CRect& world);
+
+// The colour of a contact kind on the plan.
+unsigned ContactColor(int setType);
+
+} // namespace kavrin
