@@ -17,7 +17,38 @@ constexpr double kSlack = 4096;
 } // namespace
 
 CQtCanvas::CQtCanvas(QPainter& painter, int pixelWidth, int pixelHeight)
-    : painter_(painter), width_(pixelWidth), height_(pixelHeight) {}
+    : painter_(painter), width_(pixelWidth), height_(pixelHeight) {
+    stamps_.Resize(pixelWidth, pixelHeight);
+}
+
+CQtCanvas::CQtCanvas(QPainter& painter, QImage& image) : CQtCanvas(painter, image.width(), image.height()) {
+    if (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32 ||
+        image.format() == QImage::Format_ARGB32_Premultiplied)
+        raster_ =
+            std::make_unique<CHairlineRaster>(reinterpret_cast<uint32_t*>(image.bits()), image.width(),
+                                              image.height(), static_cast<int>(image.bytesPerLine() / 4));
+}
+
+CQtCanvas::~CQtCanvas() {
+    Flush();
+}
+
+void CQtCanvas::Flush() {
+    if (!pending_.empty())
+        painter_.drawLines(pending_.data(), static_cast<int>(pending_.size()));
+    if (!pendingSquares_.empty()) {
+        SetFill(false);
+        painter_.drawRects(pendingSquares_.data(), static_cast<int>(pendingSquares_.size()));
+    }
+    if (!pendingFilled_.empty()) {
+        SetFill(true);
+        painter_.drawRects(pendingFilled_.data(), static_cast<int>(pendingFilled_.size()));
+    }
+    pending_.clear();
+    pendingSquares_.clear();
+    pendingFilled_.clear();
+    stamps_.NextGeneration();
+}
 
 void CQtCanvas::SetView(double left, double top, double width, double height) {
     left_ = left;
@@ -35,16 +66,31 @@ bool CQtCanvas::Tame(const QPointF& p) const {
 }
 
 void CQtCanvas::Clear(uint32_t color) {
+    pending_.clear();
+    pendingSquares_.clear();
+    pendingFilled_.clear();
+    stamps_.NextGeneration();
     painter_.fillRect(QRect(0, 0, width_, height_), ColorFromBgr(color));
 }
 
 void CQtCanvas::SetPen(uint32_t color, double widthPx) {
+    if (color == color_ && widthPx == penWidth_ && penSet_)
+        return;
+    Flush();
+    penSet_ = true;
     color_ = color;
+    if (raster_)
+        raster_->SetColor(ColorFromBgr(color).rgb());
     penWidth_ = widthPx;
     QPen pen(ColorFromBgr(color));
-    pen.setWidthF(widthPx);
-    pen.setCapStyle(Qt::RoundCap);
-    pen.setJoinStyle(Qt::RoundJoin);
+    // Thin lines take the painter's fast path for hairlines; only wider ones need round ends.
+    if (widthPx <= 1) {
+        pen.setWidth(0);
+    } else {
+        pen.setWidthF(widthPx);
+        pen.setCapStyle(Qt::RoundCap);
+        pen.setJoinStyle(Qt::RoundJoin);
+    }
     painter_.setPen(pen);
 }
 
@@ -59,8 +105,13 @@ void CQtCanvas::Line(double x1, double y1, double x2, double y2) {
 // Liang-Barsky against the picture widened by the slack; segments with a coordinate that is
 // no number are dropped.
 void CQtCanvas::ClippedLine(QPointF a, QPointF b) {
+    if (Direct()) {
+        raster_->Line(a.x(), a.y(), b.x(), b.y());
+        return;
+    }
     if (Tame(a) && Tame(b)) {
-        painter_.drawLine(a, b);
+        if (stamps_.FirstSegment(a.x(), a.y(), b.x(), b.y()))
+            pending_.emplace_back(a, b);
         return;
     }
     double dx = b.x() - a.x(), dy = b.y() - a.y();
@@ -83,27 +134,23 @@ void CQtCanvas::ClippedLine(QPointF a, QPointF b) {
         if (t0 > t1)
             return;
     }
-    painter_.drawLine(QPointF(a.x() + t0 * dx, a.y() + t0 * dy), QPointF(a.x() + t1 * dx, a.y() + t1 * dy));
+    pending_.emplace_back(QPointF(a.x() + t0 * dx, a.y() + t0 * dy),
+                          QPointF(a.x() + t1 * dx, a.y() + t1 * dy));
 }
 
 void CQtCanvas::Polyline(const double* xs, const double* ys, int n) {
     if (n < 2)
         return;
-    points_.resize(static_cast<size_t>(n));
-    bool tame = true;
-    for (int i = 0; i < n; ++i) {
-        points_[static_cast<size_t>(i)] = ToPixel(xs[i], ys[i]);
-        tame = tame && Tame(points_[static_cast<size_t>(i)]);
+    QPointF previous = ToPixel(xs[0], ys[0]);
+    for (int i = 1; i < n; ++i) {
+        QPointF next = ToPixel(xs[i], ys[i]);
+        ClippedLine(previous, next);
+        previous = next;
     }
-    if (tame) {
-        painter_.drawPolyline(points_.data(), n);
-        return;
-    }
-    for (int i = 1; i < n; ++i)
-        ClippedLine(points_[static_cast<size_t>(i) - 1], points_[static_cast<size_t>(i)]);
 }
 
 void CQtCanvas::Circle(double x, double y, double radiusPx, bool filled) {
+    Flush();
     QPointF centre = ToPixel(x, y);
     if (!Tame(centre))
         return;
@@ -113,13 +160,19 @@ void CQtCanvas::Circle(double x, double y, double radiusPx, bool filled) {
 
 void CQtCanvas::Square(double x, double y, double halfPx, bool filled) {
     QPointF centre = ToPixel(x, y);
-    if (!Tame(centre))
+    if (!Tame(centre) || !stamps_.FirstMark(centre.x(), centre.y(), filled ? 1 : 0))
         return;
-    SetFill(filled);
-    painter_.drawRect(QRectF(centre.x() - halfPx, centre.y() - halfPx, 2 * halfPx, 2 * halfPx));
+    if (Direct()) {
+        raster_->Square(centre.x() - halfPx, centre.y() - halfPx, static_cast<int>(std::lround(2 * halfPx)),
+                        filled);
+        return;
+    }
+    (filled ? pendingFilled_ : pendingSquares_)
+        .emplace_back(centre.x() - halfPx, centre.y() - halfPx, 2 * halfPx, 2 * halfPx);
 }
 
 void CQtCanvas::Triangle(double x, double y, double dx, double dy, double sizePx, bool filled) {
+    Flush();
     QPointF tip = ToPixel(x, y);
     double norm = std::hypot(dx, dy);
     if (!Tame(tip) || !(norm > 0))
@@ -134,18 +187,21 @@ void CQtCanvas::Triangle(double x, double y, double dx, double dy, double sizePx
 }
 
 void CQtCanvas::Text(double x, double y, std::string_view text, uint32_t color, int dxPx, int dyPx) {
+    Flush();
     QPointF at = ToPixel(x, y);
     if (!Tame(at))
         return;
     painter_.setPen(ColorFromBgr(color));
     painter_.drawText(at + QPointF(dxPx, -dyPx),
                       QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    penSet_ = false;
     SetPen(color_, penWidth_);
 }
 
 // Only the part of the image inside the picture is handed to the painter, so a deep zoom
 // does not scale the whole image up.
 void CQtCanvas::StretchImage(const CPlanImage& image, const CRect& world) {
+    Flush();
     if (image.Empty() || scaleX_ == 0 || scaleY_ == 0)
         return;
     QPointF topLeft = ToPixel(world.Left, world.Top);

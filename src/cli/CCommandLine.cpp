@@ -43,6 +43,8 @@ int CCommandLine::Run(const std::vector<std::string>& args) {
         return Check(args[1]);
     if (command == "save" && args.size() == 3)
         return Save(args[1], args[2]);
+    if (command == "render")
+        return Render(std::vector<std::string>(args.begin() + 1, args.end()));
     if (command == "info" || command == "check" || command == "save")
         return Usage(FormatMessage("Falsche Anzahl von Argumenten für '%1'.", command));
     return Usage(FormatMessage("Unbekannter Befehl '%1'.", command));
@@ -59,7 +61,7 @@ void CCommandLine::Help() {
          << "  kavrin-cli info DATEI        Version, Abschnitte, Elemente je Name und Hinweise der Anlage\n"
          << "  kavrin-cli check DATEI       Anlage laden; Hinweise auf der Standardausgabe\n"
          << "  kavrin-cli save EIN AUS      Anlage EIN laden und als AUS speichern\n"
-         << "  kavrin-cli --help            diese Hilfe\n"
+         << CRenderCommand::Usage() << "  kavrin-cli --help            diese Hilfe\n"
          << "  kavrin-cli --version         Versionsnummer\n\n"
          << "Rückgabewert: 0 erfolgreich, 1 fehlgeschlagen, 2 falscher Aufruf.\n";
 }
@@ -129,6 +131,22 @@ int CCommandLine::Save(const std::string& in, const std::string& outPath) {
         return kFailed;
     out_ << ConsoleText(FormatMessage("Die Anlage wurde als%n%1%ngespeichert.", outPath)) << '\n';
     return kOk;
+}
+
+int CCommandLine::Render(const std::vector<std::string>& args) {
+    CRenderCommand::Request request;
+    std::string problem;
+    if (!CRenderCommand::Parse(args, request, problem))
+        return Usage(problem);
+    ConsoleScope console(out_, err_);
+    if (!imageWriter_) {
+        err_ << ConsoleText(
+                    FormatMessage("Dieses Programm wurde ohne Qt gebaut; Pläne kann es nicht zeichnen."))
+             << '\n';
+        return kFailed;
+    }
+    CViewOptions options = viewOptions_ ? viewOptions_() : CViewOptions();
+    return CRenderCommand(out_, err_, imageWriter_, options).Run(request);
 }
 
 } // namespace kavrin

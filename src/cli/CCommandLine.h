@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
+
+#include "cli/CRenderCommand.h"
 
 namespace kavrin {
 
@@ -16,6 +19,13 @@ public:
 
     int Run(const std::vector<std::string>& args);
 
+    // Makes "render" available: the writer makes the picture, options supplies the view options
+    // (read only when a plan is drawn).
+    void SetRenderer(CRenderCommand::ImageWriter writer, std::function<CViewOptions()> options) {
+        imageWriter_ = std::move(writer);
+        viewOptions_ = std::move(options);
+    }
+
     static constexpr int kOk = 0;
     static constexpr int kFailed = 1;
     static constexpr int kUsage = 2;
@@ -24,12 +34,15 @@ private:
     int Info(const std::string& path);
     int Check(const std::string& path);
     int Save(const std::string& in, const std::string& out);
+    int Render(const std::vector<std::string>& args);
     void PrintContent(const CLayoutStatistics& statistics);
     int Usage(const std::string& problem);
     void Help();
 
     std::ostream& out_;
     std::ostream& err_;
+    CRenderCommand::ImageWriter imageWriter_;
+    std::function<CViewOptions()> viewOptions_;
 };
 
 } // namespace kavrin

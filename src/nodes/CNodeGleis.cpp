@@ -191,6 +191,7 @@ void CNodeGleis::Copy(const INode& source) {
     torsion_ = track->torsion_;
     fVerdreh_ = track->fVerdreh_;
     laenge_ = track->laenge_;
+    ForgetAnchor();
     anfFuehrVerdrehung_ = track->anfFuehrVerdrehung_;
     classicGeometry_ = track->classicGeometry_;
     charakteristikAttributes_ = track->charakteristikAttributes_;
@@ -254,11 +255,34 @@ void CNodeGleis::SetConnectionExtras(int16_t end, ExtraAttributes extras) {
 }
 
 double CNodeGleis::Laenge() const {
-    return classicGeometry_ ? laenge_ : CTrackGeometry(*this).Length();
+    double length = laenge_;
+    if (!classicGeometry_)
+        Anchor(length);
+    return length;
 }
 
 void CNodeGleis::MovePos(double dx, double dy) {
     frame_.Move(dx, dy, 0);
+    ForgetAnchor();
+}
+
+void CNodeGleis::Rotate(double angle, double cx, double cy) {
+    frame_.Rotate(angle, cx, cy);
+    ForgetAnchor();
+}
+
+CVector CNodeGleis::Anchor(double& length) const {
+    if (classicGeometry_) {
+        length = laenge_;
+        return frame_.Pos();
+    }
+    if (anchorLength_ < 0) {
+        CTrackGeometry geometry(*this);
+        anchorStart_ = geometry.Start();
+        anchorLength_ = geometry.Length();
+    }
+    length = anchorLength_;
+    return anchorStart_;
 }
 
 bool CNodeGleis::IsSwitch() const {
@@ -279,11 +303,12 @@ std::string CNodeGleis::ModelName() const {
 }
 
 bool CNodeGleis::Paint(CPaintTarget& target) {
-    CTrackGeometry geometry(*this);
-    CVector start = geometry.Start();
+    double length = 0;
+    CVector start = Anchor(length);
     double x = start.X, y = start.Y;
-    if (!PaintPrologue(target, x, y, start.Z, geometry.Length()))
+    if (!PaintPrologue(target, x, y, start.Z, length))
         return PaintEpilogue(false);
+    CTrackGeometry geometry(*this);
     bool straight = !IsNewFormat() && std::fabs(kruemmung_) < 1e-10;
     DrawTrackLine(target, geometry, straight, Selected());
     if (target.WithNames) {
@@ -314,9 +339,14 @@ void CNodeGleis::PaintSignals(CPaintTarget& target, const CTrackGeometry& geomet
 }
 
 void CNodeGleis::HideTrackMarks() {
-    for (const auto& child : SubNodes())
-        if (auto* paint = dynamic_cast<IPaint*>(child.get()))
-            paint->SetActive(false);
+    if (SubNodes().Count() == 0)
+        return;
+    for (const auto& child : SubNodes()) {
+        const std::string& name = child->Name();
+        if (name == "Kontakt" || name == "Meldung")
+            if (auto* paint = dynamic_cast<IPaint*>(child.get()))
+                paint->SetActive(false);
+    }
 }
 
 bool CNodeGleis::inRect(const CRect& world) const {

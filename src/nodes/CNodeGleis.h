@@ -98,13 +98,17 @@ public:
     // Both ends inside the rectangle.
     bool inRect(const CRect& world) const override;
     void Move(double dx, double dy) override { MovePos(dx, dy); }
-    void Rotate(double angle, double cx, double cy) override { frame_.Rotate(angle, cx, cy); }
+    void Rotate(double angle, double cx, double cy) override;
     // Hides the signals and contacts of the track (WithSignals off).
     void HideTrackMarks();
 
 private:
     bool ConsumeChild(INode& child);
     void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);
+    // Start point and length without building the whole geometry: the frame for classic
+    // tracks, a cached value for the newer format, whose geometry takes reading elements.
+    CVector Anchor(double& length) const;
+    void ForgetAnchor() const { anchorLength_ = -1; }
     void WriteCharakteristik(CXmlWriter& writer) const;
     void WriteAnfFuehrVerdrehung(CXmlWriter& writer) const;
     int16_t CheckedEnd(int16_t end) const;
@@ -128,6 +132,8 @@ private:
     bool classicGeometry_ = false;
     C3Bein frame_;
     CNodeKollektor* kollektor_ = nullptr;
+    mutable CVector anchorStart_;
+    mutable double anchorLength_ = -1;
     std::unique_ptr<std::array<ExtraAttributes, 4>> connectionExtras_;
     // Attribute lists of the consumed characteristic elements, so their order and any
     // attributes beyond the known ones are written back as read.

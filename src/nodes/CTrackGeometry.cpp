@@ -58,6 +58,8 @@ CVector CTrackGeometry::Frame::Apply(const CVector& local) const {
 
 // Centre line of a piece with constant curvature k and torsion, after undoing the built-in cant.
 CVector CTrackGeometry::ClassicCurve::At(double s) const {
+    if (s == 0)
+        return p;
     if (std::fabs(k) < 1e-12)
         return p + t * s;
     if (std::fabs(torsion) < 1e-12)
@@ -81,8 +83,11 @@ void CTrackGeometry::ReadClassic(const CNodeGleis& track) {
     double a = track.AnfFuehrVerdrehung();
     classic_.p = frame.Pos();
     classic_.t = frame.Dir();
-    classic_.n = frame.Nor() * std::cos(a) - frame.Bin() * std::sin(a);
-    classic_.b = frame.Bin() * std::cos(a) + frame.Nor() * std::sin(a);
+    // Most pieces have no built-in cant; they spare the trigonometry.
+    double cosA = a == 0 ? 1 : std::cos(a);
+    double sinA = a == 0 ? 0 : std::sin(a);
+    classic_.n = frame.Nor() * cosA - frame.Bin() * sinA;
+    classic_.b = frame.Bin() * cosA + frame.Nor() * sinA;
     classic_.k = track.Kruemmung();
     classic_.torsion = track.Torsion();
     length_ = track.Laenge();
@@ -188,6 +193,20 @@ CVector CTrackGeometry::LocalAt(double s) const {
         return classic_.At(100 * s) * 0.01;
     default:
         return {};
+    }
+}
+
+double CTrackGeometry::Curvature() const {
+    switch (kind_) {
+    case Kind::Classic:
+        return std::hypot(classic_.k, classic_.torsion);
+    case Kind::Line:
+    case Kind::Chord:
+        return 0;
+    case Kind::Arc:
+        return radius_ > 0 ? 1 / (radius_ * 100) : -1;
+    default:
+        return -1;
     }
 }
 

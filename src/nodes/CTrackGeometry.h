@@ -25,6 +25,9 @@ public:
     CVector Endpunkt(int16_t end) const { return end == 1 ? Start() : End(); }
     // Points along the centre line no further apart than step (cm), start and end included.
     std::vector<CVector> Polyline(double step) const;
+    // The largest bend along the piece in 1/cm, so that a drawing can choose its sampling;
+    // negative when the curve kind does not tell.
+    double Curvature() const;
     // False when the curve kind is not understood and the piece is drawn straight.
     bool IsExact() const { return kind_ != Kind::Chord; }
 

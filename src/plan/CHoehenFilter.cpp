@@ -22,14 +22,4 @@ void CHoehenFilter::SetFilter(float bottom, float top) {
     SetTopLine(top);
 }
 
-// Written as "not (h >= Bottom)" so that a height that is no number (NaN) fails an active
-// lower limit instead of slipping through.
-bool CHoehenFilter::inRange(double h) const {
-    if (bottomActive_ && !(h >= bottom_))
-        return false;
-    if (topActive_ && h > top_)
-        return false;
-    return true;
-}
-
 } // namespace kavrin

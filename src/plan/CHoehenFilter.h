@@ -14,7 +14,13 @@ public:
     void SetBottomLine(float h);
     void SetFilter(float bottom, float top);
 
-    bool inRange(double h) const;
+    // Written as "not (h >= Bottom)" so that a height that is no number (NaN) fails an active
+    // lower limit instead of slipping through.
+    bool inRange(double h) const {
+        if (bottomActive_ && !(h >= bottom_))
+            return false;
+        return !(topActive_ && h > top_);
+    }
     // Either limit in force.
     bool Active() const { return topActive_ || bottomActive_; }
 

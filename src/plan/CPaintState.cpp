@@ -44,15 +44,6 @@ bool CPaintState::Consider(int mode) const {
     }
 }
 
-bool CPaintState::PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin) {
-    inHeightRange_ = target.Filter().inRange(z);
-    if (!inHeightRange_)
-        return false;
-    x += target.View().PaintXOffset;
-    y += target.View().PaintYOffset;
-    return target.View().IsVisible(x, y, margin);
-}
-
 bool CPaintState::PaintPlaced(CPaintTarget& target, const C3Bein& frame, PlacedMark mark,
                               std::string_view modelPath) {
     const CVector& pos = frame.Pos();

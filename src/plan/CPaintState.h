@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "plan/CPaintTarget.h"
 #include "plan/IPaint.h"
 
 namespace kavrin {
@@ -34,7 +35,14 @@ public:
 protected:
     // The common start of Paint: the height test (recorded), the offsets and the culling test.
     // True when the node is to be drawn; (x, y) then hold the offset position.
-    bool PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin);
+    bool PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin) {
+        inHeightRange_ = target.Filter().inRange(z);
+        if (!inHeightRange_)
+            return false;
+        x += target.View().PaintXOffset;
+        y += target.View().PaintYOffset;
+        return target.View().IsVisible(x, y, margin);
+    }
     enum class PlacedMark { Building, Goods };
     // The whole Paint of an object that stands by its placement frame: a mark at its position
     // and, with WithNames, the name of its model beside it.

@@ -38,6 +38,8 @@ public:
                       int dyPx = 0) = 0;
     // An image stretched onto a world rectangle (normalised: Top >= Bottom).
     virtual void StretchImage(const CPlanImage& image, const CRect& world) = 0;
+    // Hands on what a canvas collected to draw in one go; called at the end of a drawing.
+    virtual void Flush() {}
 };
 
 } // namespace kavrin

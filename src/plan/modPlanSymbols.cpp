@@ -38,6 +38,17 @@ int CurvePointCount(double length, double step) {
         return 2;
     return static_cast<int>(std::min(count, static_cast<double>(kMaxCurvePoints)));
 }
+// Chords of a known bend only need to be short enough that the curve strays from them by at
+// most half a pixel (sagitta c^2 k / 8 <= 0.5 px).
+double CurveStepFor(const CPaintTarget& target, const CTrackGeometry& geometry) {
+    double step = target.CurveStep();
+    double k = geometry.Curvature();
+    if (k > 0 && std::isfinite(k))
+        step = std::max(step, std::sqrt(4 * target.PixelSize() / k));
+    else if (k == 0)
+        step = std::max(step, geometry.Length());
+    return step;
+}
 } // namespace
 
 void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected) {
@@ -89,7 +100,7 @@ void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool st
     Canvas& canvas = target.Draw();
     canvas.SetPen(target.Color, Width(selected));
     double length = geometry.Length();
-    int count = straight ? 2 : CurvePointCount(length, target.CurveStep());
+    int count = straight ? 2 : CurvePointCount(length, CurveStepFor(target, geometry));
     target.Xs.resize(static_cast<size_t>(count));
     target.Ys.resize(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i) {

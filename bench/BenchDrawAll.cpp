@@ -1,0 +1,89 @@
+// DrawAll of one large layout into a 1920x1080 picture through the editor's QPainter canvas:
+// the whole layout (zoom 1) and the largest zoom step, centred on the layout.
+// Usage: kavrin-bench-drawall FILE.anl3 [benchmark options]
+// A layout of the target size: kavrin-gen --tracks 100000 --buildings 100000 -o big.anl3
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <iostream>
+
+#include "app/CQtCanvas.h"
+#include "app/modPlanExport.h"
+#include "document/CAnlage.h"
+#include "document/CRecordingUserInterface.h"
+#include "plan/CPlanPainter.h"
+#include "plan/CPlanView.h"
+#include "plan/CViewOptions.h"
+
+namespace {
+
+constexpr int kWidth = 1920;
+constexpr int kHeight = 1080;
+kavrin::CAnlage* gAnlage = nullptr;
+
+void DrawAllAt(benchmark::State& state, bool largestZoom, bool withSignals) {
+    kavrin::CPlanView view;
+    if (!kavrin::CPlanPainter::InitView(view, *gAnlage)) {
+        state.SkipWithError("the layout has no extent");
+        return;
+    }
+    if (largestZoom)
+        view.SelectZoom(static_cast<int>(view.ZoomSteps().size()) - 1);
+    else
+        view.World();
+    kavrin::CViewOptions options;
+    kavrin::CPlanPainter painter(*gAnlage, view, options);
+    painter.WithSignals = withSignals;
+    QImage image(kWidth, kHeight, QImage::Format_RGB32);
+    QPainter qpainter(&image);
+    qpainter.setRenderHint(QPainter::Antialiasing, kavrin::kPlanAntialiasing);
+    kavrin::CQtCanvas canvas(qpainter, image);
+    for (auto _ : state) {
+        painter.DrawAll(canvas);
+        benchmark::ClobberMemory();
+    }
+    state.counters["zoom"] = view.Zoom();
+}
+
+void WholeLayout(benchmark::State& state) {
+    DrawAllAt(state, false, false);
+}
+void LargestZoom(benchmark::State& state) {
+    DrawAllAt(state, true, false);
+}
+void WholeLayoutWithSignals(benchmark::State& state) {
+    DrawAllAt(state, false, true);
+}
+
+} // namespace
+
+BENCHMARK(WholeLayout)->Unit(benchmark::kMillisecond);
+BENCHMARK(LargestZoom)->Unit(benchmark::kMillisecond);
+BENCHMARK(WholeLayoutWithSignals)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::cerr << "Aufruf: kavrin-bench-drawall DATEI.anl3 [Benchmark-Optionen]\n";
+        return 2;
+    }
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    int qtArgc = 1;
+    QGuiApplication app(qtArgc, argv);
+    kavrin::CRecordingUserInterface ui;
+    kavrin::SetUI(&ui);
+    kavrin::CAnlage anlage;
+    if (!anlage.Load(argv[1])) {
+        std::cerr << "Die Anlage wurde nicht geladen.\n";
+        return 1;
+    }
+    gAnlage = &anlage;
+    argv[1] = argv[0];
+    benchmark::Initialize(&--argc, ++argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    kavrin::SetUI(nullptr);
+    return 0;
+}

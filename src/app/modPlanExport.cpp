@@ -1,0 +1,35 @@
+#include "app/modPlanExport.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QSaveFile>
+
+#include "app/CQtCanvas.h"
+#include "app/modQtText.h"
+#include "core/modTools.h"
+
+namespace kavrin {
+
+bool WritePlanPng(int width, int height, const std::function<bool(Canvas&)>& draw, const std::string& path,
+                  std::string& error) {
+    QImage image(width, height, QImage::Format_RGB32);
+    if (image.isNull()) {
+        error = FormatMessage("Für ein Bild von %1 x %2 Pixeln reicht der Speicher nicht.", width, height);
+        return false;
+    }
+    {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing, kPlanAntialiasing);
+        CQtCanvas canvas(painter, image);
+        draw(canvas);
+    }
+    QSaveFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
+        error = FormatMessage("Das Bild%n%1%nkonnte nicht gespeichert werden:%n%2", path,
+                              FromQt(file.errorString()));
+        return false;
+    }
+    return true;
+}
+
+} // namespace kavrin
