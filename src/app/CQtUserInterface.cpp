@@ -36,6 +36,16 @@ void CQtUserInterface::ErrorBox(const std::string& text) {
     box.exec();
 }
 
+void CQtUserInterface::InfoBox(const std::string& text) {
+    if (hooks_.infoBox) {
+        hooks_.infoBox(text);
+        return;
+    }
+    QMessageBox box(QMessageBox::Information, QString::fromUtf8(kProgramName), ToQt(text), QMessageBox::Ok,
+                    DialogParent());
+    box.exec();
+}
+
 bool CQtUserInterface::Ask(const std::string& text) {
     if (hooks_.ask)
         return hooks_.ask(text);

@@ -22,6 +22,8 @@ public:
     CQtUserInterface& operator=(const CQtUserInterface&) = delete;
 
     void ErrorBox(const std::string& text) override;
+    // A notice only: the information icon, not the error one.
+    void InfoBox(const std::string& text) override;
     bool Ask(const std::string& text) override;
     FParseLog& ParseLog() override { return parseLog_; }
     // Lets Qt handle events, at most every `EventInterval` milliseconds: a load calls this once
@@ -47,6 +49,7 @@ public:
     // Tuning and test hooks. A hook, when set, answers instead of a message box.
     struct Hooks {
         std::function<void(const std::string&)> errorBox;
+        std::function<void(const std::string&)> infoBox;
         std::function<bool(const std::string&)> ask;
         std::function<void(long round)> eventRound; // called before every event round
     };

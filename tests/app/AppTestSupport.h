@@ -1,9 +1,14 @@
 #pragma once
 
+#include <QApplication>
+#include <QDialog>
 #include <QFile>
+#include <QPointer>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,12 +23,12 @@
 namespace kavrin::test {
 
 // The desktop port, installed for one test, with its message boxes answered by the test:
-// error texts and questions are recorded, questions answered from `answers` (then `answer`).
+// error and information texts and questions are recorded, questions answered from `answers` (then `answer`).
 class QtPort {
 public:
     QtPort() : previous_(SetUI(&ui)) {
-        CQtUserInterface::Hooks hooks;
         hooks.errorBox = [this](const std::string& text) { errors.push_back(text); };
+        hooks.infoBox = [this](const std::string& text) { infos.push_back(text); };
         hooks.ask = [this](const std::string& text) {
             questions.push_back(text);
             if (answers.empty())
@@ -39,7 +44,10 @@ public:
     QtPort& operator=(const QtPort&) = delete;
 
     CQtUserInterface ui;
+    // The recording hooks; a test that adds one of its own starts from these.
+    CQtUserInterface::Hooks hooks;
     std::vector<std::string> errors;
+    std::vector<std::string> infos;
     std::vector<std::string> questions;
     std::deque<bool> answers;
     bool answer = false;
@@ -79,6 +87,34 @@ private:
     }
     QTemporaryDir folder_;
 };
+
+// Runs `open`, which shows a modal window; `inspect` gets it when it is a `Dialog`. Whatever
+// modal window `inspect` leaves open is then cancelled, so that a test never hangs.
+template <typename Dialog>
+bool WithModal(const std::function<void()>& open, const std::function<void(Dialog*)>& inspect) {
+    bool seen = false;
+    QTimer timer;
+    timer.setInterval(10);
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        QPointer<QWidget> modal = QApplication::activeModalWidget();
+        if (!modal)
+            return;
+        timer.stop();
+        if (auto* dialog = qobject_cast<Dialog*>(modal.data())) {
+            seen = true;
+            inspect(dialog);
+        }
+        if (modal && modal->isVisible()) {
+            if (auto* dialog = qobject_cast<QDialog*>(modal.data()))
+                dialog->reject();
+            else
+                modal->close();
+        }
+    });
+    timer.start();
+    open();
+    return seen;
+}
 
 // A shown main window with sandboxed settings, a temporary folder and a recording Qt port;
 // window tests derive from it and call Start() in init() and Stop() in cleanup().

@@ -34,34 +34,6 @@ using namespace kavrin;
 
 namespace {
 
-// Runs `open`, which shows a modal window; `inspect` gets it when it is a `Dialog`. Whatever
-// modal window `inspect` leaves open is then cancelled, so that a test never hangs.
-template <typename Dialog>
-bool WithModal(const std::function<void()>& open, const std::function<void(Dialog*)>& inspect) {
-    bool seen = false;
-    QTimer timer;
-    timer.setInterval(10);
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-        QPointer<QWidget> modal = QApplication::activeModalWidget();
-        if (!modal)
-            return;
-        timer.stop();
-        if (auto* dialog = qobject_cast<Dialog*>(modal.data())) {
-            seen = true;
-            inspect(dialog);
-        }
-        if (modal && modal->isVisible()) {
-            if (auto* dialog = qobject_cast<QDialog*>(modal.data()))
-                dialog->reject();
-            else
-                modal->close();
-        }
-    });
-    timer.start();
-    open();
-    return seen;
-}
-
 // What the user types into the dialog's name field.
 void TypeFileName(QFileDialog* dialog, const std::string& name) {
     auto* edit = dialog->findChild<QLineEdit*>("fileNameEdit");
@@ -122,7 +94,7 @@ void DialogsTest::openDialogStartsInTheLayoutsFolder() {
     std::string layout = folder->File("Gefunden.anl3");
     test::WriteFile(layout, test::LayoutText());
     settings->Put("Settings", "PathAnlagen", QString::fromStdString(folder->Path().string()));
-    bool seen = WithModal<QFileDialog>(
+    bool seen = test::WithModal<QFileDialog>(
         [this] { Trigger("mnuFileOpen"); },
         [&](QFileDialog* dialog) {
             QCOMPARE(dialog->windowTitle(), QString("Anlagendatei auswählen"));
@@ -136,7 +108,7 @@ void DialogsTest::openDialogStartsInTheLayoutsFolder() {
     QCOMPARE(main->Anlagen().size(), size_t(1));
     QCOMPARE(QString::fromStdString(main->Anlagen()[0]->FileName()), Absolute(layout));
     // Cancelling opens nothing.
-    QVERIFY(WithModal<QFileDialog>([this] { Trigger("mnuFileOpen"); }, [](QFileDialog*) {}));
+    QVERIFY(test::WithModal<QFileDialog>([this] { Trigger("mnuFileOpen"); }, [](QFileDialog*) {}));
     QCOMPARE(main->Anlagen().size(), size_t(1));
 }
 
@@ -145,7 +117,7 @@ void DialogsTest::saveAsDialogOffersOneFilterAndAddsTheExtension() {
     test::WriteFile(layout, test::LayoutText());
     FAnlage* window = main->OpenFile(layout);
     QVERIFY(window);
-    bool seen = WithModal<QFileDialog>(
+    bool seen = test::WithModal<QFileDialog>(
         [&] { window->FileMenu()->findChild<QAction*>("mnuFileSaveAs")->trigger(); },
         [&](QFileDialog* dialog) {
             QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
@@ -164,20 +136,21 @@ void DialogsTest::saveAsDialogOffersOneFilterAndAddsTheExtension() {
 void DialogsTest::viewOptionsAreSavedOrLeftAlone() {
     FAnlage* window = main->OpenFile(test::SamplePath("Demo-Linien.anl3"));
     QVERIFY(window);
-    QVERIFY(WithModal<FOptView>(
+    QVERIFY(test::WithModal<FOptView>(
         [this] { Trigger("mnuOptionView"); },
         [](FOptView* dialog) { dialog->findChild<QCheckBox*>("chkTrack1Visible")->setChecked(false); }));
     QCOMPARE(settings->Raw("Anlagen", "Track1Visible"), std::string("(fehlt)"));
     QVERIFY(main->Options().TrackVisible(1));
 
-    QVERIFY(WithModal<FOptView>([this] { Trigger("mnuOptionView"); },
-                                [](FOptView* dialog) {
-                                    dialog->findChild<QCheckBox*>("chkTrack1Visible")->setChecked(false);
-                                    dialog->findChild<QCheckBox*>("chkImmo5Visible")->setChecked(false);
-                                    dialog->findChild<QCheckBox*>("chkTrackMarks")->setChecked(true);
-                                    dialog->findChild<QCheckBox*>("chkGleisId")->setChecked(true);
-                                    dialog->accept();
-                                }));
+    QVERIFY(
+        test::WithModal<FOptView>([this] { Trigger("mnuOptionView"); },
+                                  [](FOptView* dialog) {
+                                      dialog->findChild<QCheckBox*>("chkTrack1Visible")->setChecked(false);
+                                      dialog->findChild<QCheckBox*>("chkImmo5Visible")->setChecked(false);
+                                      dialog->findChild<QCheckBox*>("chkTrackMarks")->setChecked(true);
+                                      dialog->findChild<QCheckBox*>("chkGleisId")->setChecked(true);
+                                      dialog->accept();
+                                  }));
     QVERIFY(!main->Options().TrackVisible(1));
     QVERIFY(!main->Options().ImmoVisible(5));
     QVERIFY(main->Options().TrackMarks());
@@ -198,20 +171,20 @@ void DialogsTest::viewOptionsAreSavedOrLeftAlone() {
 
 void DialogsTest::settingsDialogChecksTheFolder() {
     std::string missing = folder->File("GibtEsNicht");
-    QVERIFY(WithModal<FOptSettings>([this] { Trigger("mnuOptionSettings"); },
-                                    [&](FOptSettings* dialog) {
-                                        auto* path = dialog->findChild<QLineEdit*>("txtPathAnlagen");
-                                        path->setText(QString::fromStdString(missing));
-                                        dialog->accept();
-                                        QVERIFY(dialog->isVisible()); // refused: the dialog stays
-                                        path->setText(QString::fromStdString(folder->Path().string()));
-                                        dialog->accept();
-                                    }));
+    QVERIFY(test::WithModal<FOptSettings>([this] { Trigger("mnuOptionSettings"); },
+                                          [&](FOptSettings* dialog) {
+                                              auto* path = dialog->findChild<QLineEdit*>("txtPathAnlagen");
+                                              path->setText(QString::fromStdString(missing));
+                                              dialog->accept();
+                                              QVERIFY(dialog->isVisible()); // refused: the dialog stays
+                                              path->setText(QString::fromStdString(folder->Path().string()));
+                                              dialog->accept();
+                                          }));
     QCOMPARE(port->errors,
              std::vector<std::string>{FormatMessage("Das Verzeichnis%n%1%ngibt es nicht.", missing)});
     QCOMPARE(settings->Raw("Settings", "PathAnlagen"), folder->Path().string());
     // An empty folder hands the choice back to the simulator's layouts.
-    QVERIFY(WithModal<FOptSettings>(
+    QVERIFY(test::WithModal<FOptSettings>(
         [this] { Trigger("mnuOptionSettings"); },
         [&](FOptSettings* dialog) {
             QCOMPARE(dialog->findChild<QLineEdit*>("txtPathAnlagen")->text().toStdString(),
@@ -223,7 +196,7 @@ void DialogsTest::settingsDialogChecksTheFolder() {
 }
 
 void DialogsTest::aboutShowsNameAndVersion() {
-    QVERIFY(WithModal<FAbout>(
+    QVERIFY(test::WithModal<FAbout>(
         [this] { Trigger("mnuHelpInfo"); },
         [](FAbout* about) {
             QCOMPARE(about->findChild<QLabel*>("lblName")->text(), QString("Kavrin"));
@@ -234,7 +207,7 @@ void DialogsTest::aboutShowsNameAndVersion() {
 
 void DialogsTest::statusWhileLoadingAndClosing() {
     QStringList seen;
-    CQtUserInterface::Hooks hooks;
+    CQtUserInterface::Hooks hooks = port->hooks;
     hooks.eventRound = [&](long) {
         for (QLabel* label : main->findChildren<QLabel*>("lblStatus"))
             if (!seen.contains(label->text()))
@@ -277,7 +250,7 @@ void DialogsTest::closingTheParseLogWhileLoadingCancels() {
     port->ui.SetShowDelay(0);
     port->answer = true;
     bool closed = false;
-    CQtUserInterface::Hooks hooks;
+    CQtUserInterface::Hooks hooks = port->hooks;
     hooks.ask = [this](const std::string& text) {
         port->questions.push_back(text);
         return port->answer;

@@ -284,7 +284,7 @@ void WindowsTest::failedSaveKeepsNameAndChange() {
 
 void WindowsTest::waitCursorOverTheMainWindowOnly() {
     bool checked = false;
-    CQtUserInterface::Hooks hooks;
+    CQtUserInterface::Hooks hooks = port->hooks;
     hooks.eventRound = [&](long) {
         if (checked)
             return;
@@ -352,7 +352,7 @@ void WindowsTest::cancelStopsTheLoad() {
     port->ui.SetShowDelay(0);
     // The user presses the parse log's cancel button while the layout loads, and confirms.
     bool clicked = false;
-    CQtUserInterface::Hooks hooks;
+    CQtUserInterface::Hooks hooks = port->hooks;
     hooks.errorBox = [this](const std::string& text) { port->errors.push_back(text); };
     hooks.ask = [this](const std::string& text) {
         port->questions.push_back(text);
