@@ -26,6 +26,10 @@ void CConsoleUserInterface::ErrorBox(const std::string& text) {
     err_ << "Fehler: " << ConsoleText(text) << '\n';
 }
 
+void CConsoleUserInterface::InfoBox(const std::string& text) {
+    err_ << "Hinweis: " << ConsoleText(text) << '\n';
+}
+
 bool CConsoleUserInterface::Ask(const std::string& text) {
     out_ << ConsoleText(text) << (answer_ ? " -> Ja" : " -> Nein") << '\n';
     return answer_;

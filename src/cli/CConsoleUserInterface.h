@@ -14,6 +14,8 @@ public:
     CConsoleUserInterface(std::ostream& out, std::ostream& err, bool answer = false);
 
     void ErrorBox(const std::string& text) override;
+    // A notice, not a failure: it does not count as an error.
+    void InfoBox(const std::string& text) override;
     bool Ask(const std::string& text) override;
     FParseLog& ParseLog() override { return parseLog_; }
     void ProcessPendingEvents() override {}

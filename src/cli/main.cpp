@@ -19,6 +19,11 @@ void InstallPlanRenderer(kavrin::CCommandLine& commandLine, std::unique_ptr<QGui
             if (!QGuiApplication::instance()) {
                 if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
                     qputenv("QT_QPA_PLATFORM", "offscreen");
+                // Drawing needs no runtime folder; Qt's warning that there is none is dropped.
+                qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+                    if (type != QtDebugMsg && !message.startsWith(QLatin1String("QStandardPaths:")))
+                        std::cerr << message.toStdString() << '\n';
+                });
                 static int argc = 1;
                 static char name[] = "kavrin-cli";
                 static char* argv[] = {name, nullptr};

@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "../plan/RecordingCanvas.h"
+#include "TestSupport.h"
+#include "cli/CCommandLine.h"
+
+using namespace kavrin;
+
+namespace {
+
+struct RenderRun {
+    // With draw set, the picture is drawn on a recording canvas instead of a file.
+    explicit RenderRun(const std::vector<std::string>& args, bool withRenderer = true) {
+        CCommandLine commandLine(out, err);
+        if (withRenderer)
+            commandLine.SetRenderer(
+                [this](int width, int height, const CRenderCommand::DrawFunction& draw,
+                       const std::string& path, std::string&) {
+                    canvas = test::RecordingCanvas(width, height);
+                    written = path;
+                    return draw(canvas);
+                },
+                [] {
+                    CViewOptions options;
+                    for (int style = 1; style <= options.TrackStyleCount(); ++style)
+                        options.SetTrackColor(style, 0x0000FF);
+                    return options;
+                });
+        status = commandLine.Run(args);
+    }
+    std::ostringstream out;
+    std::ostringstream err;
+    int status = -1;
+    test::RecordingCanvas canvas;
+    std::string written;
+};
+
+struct End {
+    double x, y;
+};
+
+// The share of track ends that meet the end of another drawn track within 2 cm.
+double JoinedShare(const test::RecordingCanvas& canvas) {
+    std::vector<End> ends;
+    std::vector<size_t> owner;
+    auto lines = canvas.Of("Polyline");
+    for (size_t i = 0; i < lines.size(); ++i) {
+        ends.push_back({lines[i]->xs.front(), lines[i]->ys.front()});
+        ends.push_back({lines[i]->xs.back(), lines[i]->ys.back()});
+        owner.insert(owner.end(), {i, i});
+    }
+    size_t joined = 0;
+    for (size_t a = 0; a < ends.size(); ++a)
+        for (size_t b = 0; b < ends.size(); ++b)
+            if (owner[a] != owner[b] && std::hypot(ends[a].x - ends[b].x, ends[a].y - ends[b].y) < 2) {
+                ++joined;
+                break;
+            }
+    return ends.empty() ? 0 : static_cast<double>(joined) / static_cast<double>(ends.size());
+}
+
+} // namespace
+
+TEST(RenderCommand, WrongArgumentsAreUsageErrors) {
+    for (const auto& args :
+         std::vector<std::vector<std::string>>{{"render", "a.anl3"},
+                                               {"render", "a.anl3", "b.png", "--groesse", "0x100"},
+                                               {"render", "a.anl3", "b.png", "--groesse", "100"},
+                                               {"render", "a.anl3", "b.png", "--zoom", "0.5"},
+                                               {"render", "a.anl3", "b.png", "--zoom"},
+                                               {"render", "a.anl3", "b.png", "--mitte", "12"},
+                                               {"render", "a.anl3", "b.png", "--hoehe", "10:5"},
+                                               {"render", "a.anl3", "b.png", "--hoehe", "abc:5"},
+                                               {"render", "a.anl3", "b.png", "--farbig"}}) {
+        RenderRun run(args);
+        EXPECT_EQ(run.status, CCommandLine::kUsage) << args.back();
+        EXPECT_TRUE(run.written.empty());
+    }
+}
+
+TEST(RenderCommand, EverySampleIsDrawnJoinedAndInsideItsLayout) {
+    for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
+        if (entry.path().extension() != ".anl3")
+            continue;
+        RenderRun run({"render", entry.path().string(), "plan.png", "--groesse", "1200x800", "--signale"});
+        ASSERT_EQ(run.status, CCommandLine::kOk) << entry.path() << run.err.str();
+        EXPECT_EQ(run.written, "plan.png");
+        auto lines = run.canvas.Of("Polyline");
+        ASSERT_FALSE(lines.empty()) << entry.path();
+        for (const auto* line : lines)
+            for (size_t i = 0; i < line->xs.size(); ++i) {
+                // Every sample's layout lies within 500 m of the origin.
+                EXPECT_LE(std::fabs(line->xs[i]), 50000) << entry.path();
+                EXPECT_LE(std::fabs(line->ys[i]), 50000) << entry.path();
+            }
+        // Road layouts end in many open stubs; most ends still meet their neighbour.
+        EXPECT_GT(JoinedShare(run.canvas), 0.6) << entry.path();
+        EXPECT_NE(run.err.str().find("FarbenFile"), std::string::npos) << "the missing bitmaps are reported";
+    }
+}
+
+TEST(RenderCommand, HeightBandZoomAndOptionsReachTheDrawing) {
+    std::string sample = test::SamplePath("Demo-Linien.anl3");
+    RenderRun whole({"render", sample, "a.png"});
+    RenderRun below({"render", sample, "a.png", "--hoehe", ":-1000"});
+    RenderRun zoomed({"render", sample, "a.png", "--zoom", "8", "--mitte", "-100;50"});
+    ASSERT_EQ(whole.status, CCommandLine::kOk);
+    EXPECT_EQ(whole.canvas.PixelWidth(), 1920);
+    EXPECT_TRUE(below.canvas.Of("Polyline").empty()) << "nothing lies a kilometre down";
+    EXPECT_LT(zoomed.canvas.Of("Polyline").size(), whole.canvas.Of("Polyline").size());
+    ASSERT_FALSE(whole.canvas.Of("Polyline").empty());
+    EXPECT_EQ(whole.canvas.Of("Polyline").front()->color, 0x0000FFu) << "colours come from the view options";
+}
+
+TEST(RenderCommand, FailuresLeaveNoPicture) {
+    test::TempDir dir;
+    RenderRun missing({"render", dir.File("fehlt.anl3"), dir.File("a.png")});
+    EXPECT_EQ(missing.status, CCommandLine::kFailed);
+    EXPECT_TRUE(missing.written.empty());
+    RenderRun withoutQt({"render", test::SamplePath("Demo-Linien.anl3"), dir.File("a.png")}, false);
+    EXPECT_EQ(withoutQt.status, CCommandLine::kFailed);
+    EXPECT_NE(withoutQt.err.str().find("ohne Qt"), std::string::npos);
+}
+
+#ifdef KAVRIN_CLI_RENDERS
+TEST(RenderCommand, TheProgramWritesAPng) {
+    test::TempDir dir;
+    std::string png = dir.File("Demo.png");
+    std::string command = std::string("QT_QPA_PLATFORM=offscreen \"") + KAVRIN_CLI_PATH + "\" render \"" +
+                          KAVRIN_EXAMPLES_DIR + "/Demo.anl3\" \"" + png +
+                          "\" --groesse 640x480 > /dev/null 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    std::string bytes = test::ReadFile(png);
+    ASSERT_GT(bytes.size(), 1000u);
+    EXPECT_EQ(bytes.substr(0, 8), std::string("\x89PNG\r\n\x1A\n", 8));
+}
+#endif
