@@ -2,24 +2,43 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
+#include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 #include "app/CAppIcon.h"
 #include "app/COptions.h"
+#include "app/CPlanCommands.h"
+#include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
+#include "app/FHeightFilter.h"
 #include "app/FMain.h"
 #include "app/modDialogs.h"
+#include "app/modPlanTexts.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "nodes/CNodeLandschaft.h"
+#include "nodes/LayoutLookup.h"
+#include "plan/CPlanPainter.h"
 
 namespace kavrin {
+
+namespace {
+// Milliseconds between the last resize and the drawing.
+constexpr int kPaintDelay = 120;
+} // namespace
 
 FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
     : QWidget(parent), main_(main), ui_(ui), anlage_(std::make_unique<CAnlage>()) {
@@ -27,36 +46,109 @@ FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
     setWindowIcon(CAppIcon::Icon());
     setMinimumSize(320, 200);
 
-    // The plan is drawn here; until a layout is drawn it is a plain surface in the plan's colour.
-    picPlan_ = new QWidget(this);
-    picPlan_->setObjectName(QStringLiteral("picPlan"));
-    picPlan_->setAutoFillBackground(true);
+    commands_ = new CPlanCommands(this);
+    cbZoom_ = commands_->ZoomBox();
+    CreatePlan();
 
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(commands_->ToolBar());
+    auto* plan = new QGridLayout;
+    plan->setSpacing(0);
+    plan->addWidget(picPlan_, 0, 0);
+    plan->addWidget(scrVert_, 0, 1);
+    plan->addWidget(scrHor_, 1, 0);
+    layout->addLayout(plan, 1);
+    layout->addWidget(CreateStatusStrip());
+
+    CreateMenus();
+    ConnectCommands();
+}
+
+void FAnlage::CreatePlan() {
+    picPlan_ = new CPlanWidget(*anlage_, view_, main_.Options(), this);
+    picPlan_->setContextMenuPolicy(Qt::CustomContextMenu);
+    scrHor_ = new QScrollBar(Qt::Horizontal, this);
+    scrHor_->setObjectName(QStringLiteral("scrHor"));
+    scrVert_ = new QScrollBar(Qt::Vertical, this);
+    scrVert_->setObjectName(QStringLiteral("scrVert"));
+    // Several resizes in a row give one drawing.
+    paintTimer_ = new QTimer(this);
+    paintTimer_->setObjectName(QStringLiteral("PaintTimer"));
+    paintTimer_->setInterval(kPaintDelay);
+    paintTimer_->setSingleShot(true);
+    UpdateScrollBars();
+}
+
+QWidget* FAnlage::CreateStatusStrip() {
     auto* strip = new QWidget(this);
     strip->setObjectName(QStringLiteral("fraStatus"));
     lblVersion_ = new QLabel(strip);
     lblVersion_->setObjectName(QStringLiteral("lblVersion"));
+    lblCoord_ = new QLabel(strip);
+    lblCoord_->setObjectName(QStringLiteral("lblCoord"));
+    lblCoord_->setAlignment(Qt::AlignCenter);
     lblStatus_ = new QLabel(strip);
     lblStatus_->setObjectName(QStringLiteral("lblStatus"));
     lblStatus_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* stripLayout = new QHBoxLayout(strip);
     stripLayout->setContentsMargins(6, 2, 6, 2);
-    stripLayout->addWidget(lblVersion_);
-    stripLayout->addStretch(1);
-    stripLayout->addWidget(lblStatus_);
+    stripLayout->addWidget(lblVersion_, 1);
+    stripLayout->addWidget(lblCoord_, 2);
+    stripLayout->addWidget(lblStatus_, 1);
+    return strip;
+}
 
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(picPlan_, 1);
-    layout->addWidget(strip);
+void FAnlage::ConnectCommands() {
+    const CPlanCommands& commands = *commands_;
+    auto onTrigger = [this](QAction* action, auto handler) {
+        connect(action, &QAction::triggered, this, handler);
+    };
+    onTrigger(commands.Button("Open"), [this] { main_.FileOpen(); });
+    onTrigger(commands.Button("Save"), [this] { Save(); });
+    onTrigger(commands.Button("SaveAs"), [this] { SaveAs(); });
+    onTrigger(commands.Button("ZoomIn"), [this] { ZoomIn(); });
+    onTrigger(commands.MenuItem("popAnlZoomIn"), [this] { ZoomIn(); });
+    onTrigger(commands.Button("ZoomOut"), [this] { ZoomOut(); });
+    onTrigger(commands.MenuItem("popAnlZoomOut"), [this] { ZoomOut(); });
+    onTrigger(commands.Button("World"), [this] { World(); });
+    onTrigger(commands.MenuItem("mnuAnlWorld"), [this] { World(); });
+    onTrigger(commands.Button("Names"), [this](bool on) { SetWithNames(on); });
+    onTrigger(commands.MenuItem("mnuAnlNames"), [this](bool on) { SetWithNames(on); });
+    onTrigger(commands.Button("Signals"), [this](bool on) { SetWithSignals(on); });
+    onTrigger(commands.MenuItem("mnuAnlSignals"), [this](bool on) { SetWithSignals(on); });
+    onTrigger(commands.Button("HeightFilter"), [this] { EditHeightFilter(); });
+    onTrigger(commands.MenuItem("mnuAnlHeightFilter"), [this] { EditHeightFilter(); });
+    onTrigger(commands.Button("MousePointer"), [this] { picPlan_->SetTool(CPlanWidget::Tool::Pointer); });
+    onTrigger(commands.Button("MouseMover"), [this] { picPlan_->SetTool(CPlanWidget::Tool::Mover); });
 
-    CreateMenus();
-    RepaintPlan();
+    connect(cbZoom_, &QComboBox::currentIndexChanged, this, &FAnlage::ZoomSelected);
+    connect(scrHor_, &QScrollBar::valueChanged, this, [this](int value) {
+        view_.SetScrollValueX(value);
+        picPlan_->Invalidate();
+    });
+    connect(scrVert_, &QScrollBar::valueChanged, this, [this](int value) {
+        view_.SetScrollValueY(value);
+        picPlan_->Invalidate();
+    });
+    connect(picPlan_, &CPlanWidget::Resized, paintTimer_, qOverload<>(&QTimer::start));
+    connect(paintTimer_, &QTimer::timeout, this, &FAnlage::RescalePlan);
+    connect(picPlan_, &CPlanWidget::MouseAt, this,
+            [this](double x, double y) { lblCoord_->setText(CoordinateText(x, y)); });
+    connect(picPlan_, &CPlanWidget::MouseLeft, lblCoord_, &QLabel::clear);
+    connect(picPlan_, &CPlanWidget::Dragged, this, &FAnlage::DragPlan);
+    connect(picPlan_, &CPlanWidget::WheelZoom, this, &FAnlage::ZoomAtMouse);
+    connect(picPlan_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { commands_->Popup()->popup(picPlan_->mapToGlobal(at)); });
 }
 
 FAnlage::~FAnlage() {
     main_.RemoveAnlage(this);
+}
+
+std::vector<QMenu*> FAnlage::Menus() const {
+    return {mnuFile_, commands_->AnlageMenu()};
 }
 
 void FAnlage::CreateMenus() {
@@ -103,7 +195,7 @@ bool FAnlage::Load(const std::string& path) {
         return false;
     lblVersion_->setText(ToQt(FormatMessage("Version %1", anlage_->Version().Text())));
     UpdateCaption();
-    RepaintPlan();
+    InitPlan();
     return true;
 }
 
@@ -164,10 +256,7 @@ void FAnlage::UpdateCaption() {
 }
 
 void FAnlage::RepaintPlan() {
-    QPalette palette = picPlan_->palette();
-    palette.setColor(QPalette::Window, ColorFromBgr(main_.Options().BgColor()));
-    picPlan_->setPalette(palette);
-    picPlan_->update();
+    picPlan_->Invalidate();
 }
 
 void FAnlage::closeEvent(QCloseEvent* event) {
@@ -178,9 +267,189 @@ void FAnlage::closeEvent(QCloseEvent* event) {
     // Releasing a large tree takes a moment; the window says what it is doing.
     lblStatus_->setText(ToQt(FormatMessage("wird abgebaut ...")));
     lblStatus_->repaint();
+    paintTimer_->stop();
     anlage_->Clear();
     main_.RemoveAnlage(this);
     event->accept();
+}
+
+// The plan after a load: extent and zoom steps from the terrain, the terrain's bitmaps checked
+// once, the commands and the status brought in line, and the first drawing.
+void FAnlage::InitPlan() {
+    CPlanPainter::InitView(view_, *anlage_);
+    CheckTerrainBitmaps();
+    FillZoomBox();
+    ShowHeightFilterStatus();
+    commands_->ShowNames(picPlan_->Painter().WithNames);
+    commands_->ShowSignals(picPlan_->Painter().WithSignals);
+    commands_->ShowHeightFilterActive(anlage_->HoehenFilter().Active());
+    RescalePlan();
+}
+
+void FAnlage::CheckTerrainBitmaps() {
+    const CNodeLandschaft* terrain = FindTerrain(*anlage_);
+    if (!terrain)
+        return;
+    bitmaps_.Check(*terrain, FromQt(QFileInfo(QString::fromStdString(FileName())).absolutePath()));
+    const CPlanImage& background = bitmaps_.Background();
+    picPlan_->Painter().Background = background.Empty() ? nullptr : &background;
+}
+
+void FAnlage::FillZoomBox() {
+    QSignalBlocker quiet(cbZoom_);
+    cbZoom_->clear();
+    for (float step : view_.ZoomSteps())
+        cbZoom_->addItem(ToQt(CPlanView::ZoomText(step)));
+    cbZoom_->setCurrentIndex(view_.ZoomIndex());
+    UpdateZoomCommands();
+}
+
+void FAnlage::ZoomSelected(int index) {
+    if (index < 0 || index == view_.ZoomIndex())
+        return;
+    view_.SelectZoom(index);
+    UpdateZoomCommands();
+    RescalePlan();
+}
+
+void FAnlage::ZoomIn() {
+    if (view_.CanZoomIn())
+        cbZoom_->setCurrentIndex(view_.ZoomIndex() + 1);
+}
+
+void FAnlage::ZoomOut() {
+    if (view_.CanZoomOut())
+        cbZoom_->setCurrentIndex(view_.ZoomIndex() - 1);
+}
+
+void FAnlage::World() {
+    if (cbZoom_->count() > 0)
+        cbZoom_->setCurrentIndex(0);
+}
+
+// The wheel zooms about the point under the mouse: that point stays where it is, as far as the
+// view can stay on the layout.
+void FAnlage::ZoomAtMouse(int notches, QPointF position) {
+    if (!view_.Scaled())
+        return;
+    const int last = static_cast<int>(view_.ZoomSteps().size()) - 1;
+    const int index = std::clamp(view_.ZoomIndex() + notches, 0, last);
+    if (index == view_.ZoomIndex())
+        return;
+    const double x = view_.ToWorldX(position.x());
+    const double y = view_.ToWorldY(position.y());
+    {
+        QSignalBlocker quiet(cbZoom_);
+        cbZoom_->setCurrentIndex(index);
+    }
+    view_.SelectZoom(index);
+    if (view_.Zoom() > 1 && view_.Scaled()) {
+        view_.SetCentre(x + view_.Width() * (0.5 - position.x() / view_.ClientWidth()),
+                        y + view_.Height() * (0.5 - position.y() / view_.ClientHeight()));
+        view_.ScalePlan();
+        KeepViewOnLayout();
+    }
+    UpdateZoomCommands();
+    RescalePlan();
+}
+
+// Along an axis on which the view is larger than the layout, the layout stays centred;
+// along the others the view does not leave the layout.
+void FAnlage::KeepViewOnLayout() {
+    const double halfW = view_.Width() / 2;
+    const double halfH = -view_.Height() / 2;
+    const double midX = view_.PosX() + view_.ExtX() / 2;
+    const double midY = view_.PosY() + view_.ExtY() / 2;
+    const double x = view_.ScrollRangeX() <= 0 ? midX
+                                               : std::clamp(view_.CentreX(), view_.PosX() + halfW,
+                                                            view_.PosX() + view_.ExtX() - halfW);
+    const double y = view_.ScrollRangeY() <= 0 ? midY
+                                               : std::clamp(view_.CentreY(), view_.PosY() + halfH,
+                                                            view_.PosY() + view_.ExtY() - halfH);
+    view_.SetCentre(x, y);
+    view_.ScalePlan();
+}
+
+void FAnlage::DragPlan(QPoint distance) {
+    if (!view_.Scaled())
+        return;
+    const double pixel = view_.PixelSize();
+    view_.SetScrollValueX(view_.ScrollValueX() - distance.x() * pixel);
+    view_.SetScrollValueY(view_.ScrollValueY() - distance.y() * pixel);
+    UpdateScrollBars();
+    picPlan_->Invalidate();
+}
+
+void FAnlage::RescalePlan() {
+    paintTimer_->stop();
+    view_.SetClientSize(picPlan_->width(), picPlan_->height());
+    view_.ScalePlan();
+    UpdateScrollBars();
+    picPlan_->Invalidate();
+}
+
+namespace {
+int ScrollUnits(double world) {
+    return static_cast<int>(std::clamp(std::round(world), 0.0, 1e9));
+}
+
+// Scroll bars count world units: the range is what the layout has beyond the view, a page is
+// the visible size, a step a tenth of it.
+void SetScrollBar(QScrollBar* bar, bool scaled, double range, double visible, double value) {
+    QSignalBlocker quiet(bar);
+    const int maximum = scaled ? ScrollUnits(range) : 0;
+    bar->setRange(0, maximum);
+    bar->setPageStep(std::max(1, ScrollUnits(visible)));
+    bar->setSingleStep(std::max(1, ScrollUnits(visible / 10)));
+    bar->setValue(scaled ? ScrollUnits(value) : 0);
+    bar->setEnabled(maximum > 0);
+}
+} // namespace
+
+void FAnlage::UpdateScrollBars() {
+    SetScrollBar(scrHor_, view_.Scaled(), view_.ScrollRangeX(), view_.Width(), view_.ScrollValueX());
+    SetScrollBar(scrVert_, view_.Scaled(), view_.ScrollRangeY(), -view_.Height(), view_.ScrollValueY());
+}
+
+void FAnlage::UpdateZoomCommands() {
+    commands_->EnableZoom(view_.CanZoomIn(), view_.CanZoomOut(), view_.Zoom() > 0);
+}
+
+void FAnlage::SetWithNames(bool on) {
+    picPlan_->Painter().WithNames = on;
+    commands_->ShowNames(on);
+    picPlan_->Invalidate();
+}
+
+void FAnlage::SetWithSignals(bool on) {
+    picPlan_->Painter().WithSignals = on;
+    commands_->ShowSignals(on);
+    picPlan_->Invalidate();
+}
+
+void FAnlage::EditHeightFilter() {
+    CHoehenFilter& filter = anlage_->HoehenFilter();
+    // The click toggled the button; it shows the filter, not the click.
+    commands_->ShowHeightFilterActive(filter.Active());
+    FHeightFilter dialog(this);
+    dialog.Init({filter.Top(), filter.Bottom()}, {filter.TopActive(), filter.BottomActive()});
+    dialog.exec();
+    if (!dialog.isCancelled()) {
+        FHeightFilter::Values values{};
+        FHeightFilter::Flags active{};
+        dialog.getFilter(values, active);
+        filter.SetTop(values[0]);
+        filter.SetTopActive(active[0]);
+        filter.SetBottom(values[1]);
+        filter.SetBottomActive(active[1]);
+        ShowHeightFilterStatus();
+        picPlan_->Invalidate();
+    }
+    commands_->ShowHeightFilterActive(filter.Active());
+}
+
+void FAnlage::ShowHeightFilterStatus() {
+    lblStatus_->setText(ToQt(HeightFilterStatusText(anlage_->HoehenFilter())));
 }
 
 } // namespace kavrin

@@ -5,26 +5,37 @@
 #include <string>
 #include <vector>
 
+#include "plan/CPlanView.h"
+#include "plan/CTerrainBitmaps.h"
+
+class QComboBox;
 class QLabel;
 class QMenu;
 class QMdiSubWindow;
+class QScrollBar;
+class QTimer;
 
 namespace kavrin {
 
 class CAnlage;
+class CPlanCommands;
+class CPlanWidget;
 class CQtUserInterface;
 class FMain;
 
-// The document window of one open layout: it loads the layout, shows its name, version and
-// state, saves it, and asks before a changed layout is closed. Controls: picPlan, lblVersion,
-// lblStatus; menus mnuFileSave, mnuFileSaveAs, mnuFileClose and the recent-file list.
+// The document window of one open layout: it loads the layout, draws its plan, shows its name,
+// version and state, saves it, and asks before a changed layout is closed. Controls: the
+// toolbar with cbZoom, picPlan with scrHor and scrVert, lblVersion, lblCoord, lblStatus and
+// PaintTimer; menus mnuFile (mnuFileSave, mnuFileSaveAs, mnuFileClose, recent files) and
+// mnuAnl; the plan's popup popAnl.
 class FAnlage : public QWidget {
     Q_OBJECT
 public:
     FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent = nullptr);
     ~FAnlage() override;
 
-    // Loads the layout; false (after telling the user) when it could not be loaded.
+    // Loads the layout and draws its plan; false (after telling the user) when it could not be
+    // loaded.
     bool Load(const std::string& path);
     // Saves under the current name; false when it failed (the layout stays changed).
     bool Save();
@@ -45,26 +56,64 @@ public:
     bool Loading() const { return loading_; }
 
     // The menus this window shows in the main window's menu bar while it is active.
-    std::vector<QMenu*> Menus() const { return {mnuFile_}; }
+    std::vector<QMenu*> Menus() const;
     QMenu* FileMenu() const { return mnuFile_; }
     QMdiSubWindow* SubWindow() const;
 
+    // The plan: how the layout maps onto picPlan, and what the terrain's bitmaps gave.
+    const CPlanView& View() const { return view_; }
+    const CTerrainBitmaps& TerrainBitmaps() const { return bitmaps_; }
+    CPlanWidget* Plan() const { return picPlan_; }
+    CPlanCommands& Commands() const { return *commands_; }
+
+    // Draws the plan anew (after a change of the view options, for example).
     void RepaintPlan();
+    // The zoom commands: the next or previous entry of cbZoom, or back to the whole layout.
+    void ZoomIn();
+    void ZoomOut();
+    void World();
+    void SetWithNames(bool on);
+    void SetWithSignals(bool on);
+    // Opens the height filter dialog and applies what the user confirmed.
+    void EditHeightFilter();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void CreateMenus();
+    void CreatePlan();
+    QWidget* CreateStatusStrip();
+    void ConnectCommands();
     void UpdateCaption();
+
+    void InitPlan();
+    void CheckTerrainBitmaps();
+    void FillZoomBox();
+    void ZoomSelected(int index);
+    void ZoomAtMouse(int notches, QPointF position);
+    void KeepViewOnLayout();
+    void DragPlan(QPoint distance);
+    // Fits the plan to picPlan's size, updates the scroll bars and draws anew.
+    void RescalePlan();
+    void UpdateScrollBars();
+    void UpdateZoomCommands();
+    void ShowHeightFilterStatus();
 
     FMain& main_;
     CQtUserInterface& ui_;
     std::unique_ptr<CAnlage> anlage_;
-    std::string requestedPath_;
-    QWidget* picPlan_;
-    QLabel* lblVersion_;
-    QLabel* lblStatus_;
+    CPlanView view_;
+    CTerrainBitmaps bitmaps_;
+    CPlanCommands* commands_ = nullptr;
+    CPlanWidget* picPlan_ = nullptr;
+    QComboBox* cbZoom_ = nullptr;
+    QScrollBar* scrHor_ = nullptr;
+    QScrollBar* scrVert_ = nullptr;
+    QLabel* lblVersion_ = nullptr;
+    QLabel* lblCoord_ = nullptr;
+    QLabel* lblStatus_ = nullptr;
+    QTimer* paintTimer_ = nullptr;
     QMenu* mnuFile_ = nullptr;
     bool loading_ = false;
 };

@@ -1,5 +1,7 @@
 #include "app/modQtText.h"
 
+#include <cmath>
+
 #include <QStringList>
 
 #include "core/modTools.h"
@@ -46,6 +48,22 @@ std::string JoinPath(const std::string& directory, const std::string& name) {
 #else
     return FormatMessage("%1/%2", directory, name);
 #endif
+}
+
+namespace {
+QString Metres(double world, const QLocale& locale) {
+    double metres = world / 100;
+    // No "-0,00" for a position a hair left of the origin.
+    if (std::fabs(metres) < 0.005)
+        metres = 0;
+    return locale.toString(metres, 'f', 2) + QLatin1String(" m");
+}
+} // namespace
+
+QString CoordinateText(double worldX, double worldY, const QLocale& locale) {
+    QLocale grouped = locale;
+    grouped.setNumberOptions(locale.numberOptions() & ~QLocale::OmitGroupSeparator);
+    return QLatin1String("X: ") + Metres(worldX, grouped) + QLatin1String(", Y: ") + Metres(worldY, grouped);
 }
 
 } // namespace kavrin

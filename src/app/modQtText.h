@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QLocale>
 #include <QString>
 #include <cstdint>
 #include <string>
@@ -22,5 +23,9 @@ std::string JoinPath(const std::string& directory, const std::string& name);
 // Colours of the settings store: 24 bits with red in the low byte.
 QColor ColorFromBgr(uint32_t bgr);
 uint32_t BgrFromColor(const QColor& color);
+
+// The mouse position on the plan: "X: 1.234,56 m, Y: -7,00 m" (world units are cm; metres
+// with the thousands separator and two decimals of the locale).
+QString CoordinateText(double worldX, double worldY, const QLocale& locale = QLocale());
 
 } // namespace kavrin

@@ -218,7 +218,7 @@ void DialogsTest::statusWhileLoadingAndClosing() {
     QVERIFY(window);
     QCOMPARE(seen, QStringList({"wird aufgebaut ..."}));
     QPointer<QLabel> status = window->findChild<QLabel*>("lblStatus");
-    QVERIFY(status->text().isEmpty());
+    QCOMPARE(status->text(), QString("Höhenfilter: nicht aktiv"));
     QVERIFY(window->SubWindow()->close());
     QCOMPARE(status->text(), QString("wird abgebaut ..."));
     QVERIFY(window->Anlage().RootNode() == nullptr);

@@ -102,7 +102,7 @@ void WindowsTest::openShowsNameVersionAndGoesToTheRecentFiles() {
     auto* version = window->findChild<QLabel*>("lblVersion");
     QVERIFY(version->text().contains(QString::fromStdString(window->Anlage().Version().Text())));
     QVERIFY(!window->Anlage().Version().Text().empty());
-    QVERIFY(window->findChild<QLabel*>("lblStatus")->text().isEmpty());
+    QCOMPARE(window->findChild<QLabel*>("lblStatus")->text(), QString("Höhenfilter: nicht aktiv"));
     QVERIFY(!window->Changed());
     QVERIFY(port->errors.empty());
     QCOMPARE(main->Mru().Item(1), kSample);
