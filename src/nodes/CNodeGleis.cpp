@@ -308,9 +308,16 @@ bool CNodeGleis::Paint(CPaintTarget& target) {
     double x = start.X, y = start.Y;
     if (!PaintPrologue(target, x, y, start.Z, length))
         return PaintEpilogue(false);
-    CTrackGeometry geometry(*this);
+    // A straight classic piece needs only its frame's position and direction: the commonest
+    // case of a large layout is drawn without building the geometry.
     bool straight = !IsNewFormat() && std::fabs(kruemmung_) < 1e-10;
-    DrawTrackLine(target, geometry, straight, Selected());
+    if (straight)
+        DrawStraightTrack(target, frame_.Pos(), frame_.Dir(), length, Selected());
+    if (straight && !target.WithNames && !target.WithSignals)
+        return PaintEpilogue(true);
+    CTrackGeometry geometry(*this);
+    if (!straight)
+        DrawTrackLine(target, geometry, Selected());
     if (target.WithNames) {
         CVector middle = geometry.PointAt(geometry.Length() / 2);
         DrawName(target, middle.X + target.View().PaintXOffset, middle.Y + target.View().PaintYOffset,

@@ -25,7 +25,7 @@ enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzwe
 // connections at its (up to four) ends. Classic tracks carry Dreibein, Anfangsfuehrungsverdrehung
 // and Charakteristik; tracks of the newer format carry Frame, Interval, Curve and Twist instead,
 // which are kept as read.
-class CNodeGleis : public CNodeBase, public ICopy, public CPaintState {
+class CNodeGleis final : public CPaintState, public CNodeBase, public ICopy {
 public:
     CNodeGleis();
     ~CNodeGleis() override;

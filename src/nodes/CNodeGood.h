@@ -10,7 +10,7 @@
 namespace kavrin {
 
 // "Good": one goods item, its model file and its placement frame.
-class CNodeGood : public CNodeBase, public CPaintState {
+class CNodeGood final : public CNodeBase, public CPaintState {
 public:
     const char* ClassName() const override { return "CNodeGood"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;

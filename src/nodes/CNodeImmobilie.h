@@ -15,7 +15,7 @@ class CNodeBewegTeil;
 
 // "Immobile" (spelled so in the file): one building or scenery object of a collection, with its
 // model file, its placement frame, the collector of its own tracks and its moving parts.
-class CNodeImmobilie : public CNodeBase, public ICopy, public CPaintState {
+class CNodeImmobilie final : public CPaintState, public CNodeBase, public ICopy {
 public:
     const char* ClassName() const override { return "CNodeImmobilie"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;

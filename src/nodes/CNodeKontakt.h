@@ -13,8 +13,10 @@ class CTrackGeometry;
 
 // "Kontakt": a contact placed along its parent track, acting on a contact target. Its signal
 // data is held as the low 16 bits and the high part, as the simulator splits it.
-class CNodeKontakt : public CNodeBase, public ICopy, public CPaintState {
+class CNodeKontakt final : public CNodeBase, public ICopy, public CPaintState {
 public:
+    // Signals and contacts are shown on request only, so they start inactive.
+    CNodeKontakt() : CPaintState(false) {}
     const char* ClassName() const override { return "CNodeKontakt"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;

@@ -13,8 +13,10 @@ class CTrackGeometry;
 
 // "Meldung": a signal standing at its parent track. Its contact target number comes from a
 // "KontaktZiel" child (-1: none) and is written back as such a child, before the kept ones.
-class CNodeMeldung : public CNodeBase, public ICopy, public CPaintState {
+class CNodeMeldung final : public CNodeBase, public ICopy, public CPaintState {
 public:
+    // Signals and contacts are shown on request only, so they start inactive.
+    CNodeMeldung() : CPaintState(false) {}
     const char* ClassName() const override { return "CNodeMeldung"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;

@@ -13,7 +13,7 @@ namespace {
 std::atomic<uint32_t> lastKey{0};
 }
 
-CPaintState::CPaintState() : key_(++lastKey) {}
+CPaintState::CPaintState(bool active) : key_(++lastKey), active_(active) {}
 
 // A copy is a new object on the plan: it gets its own key and starts unselected.
 CPaintState::CPaintState(const CPaintState& other)

@@ -15,20 +15,21 @@ class C3Bein;
 // Node classes derive from it and add only what draws and edits them.
 class CPaintState : public IPaint {
 public:
-    CPaintState();
+    // Kinds that are only shown on request start inactive.
+    explicit CPaintState(bool active = true);
     CPaintState(const CPaintState&);
     CPaintState& operator=(const CPaintState&);
 
-    bool Selected() const override { return selected_; }
-    void SetSelected(bool selected) override { selected_ = selected; }
+    bool Selected() const final { return selected_; }
+    void SetSelected(bool selected) final { selected_ = selected; }
     std::string Key() const override;
     uint32_t KeyNumber() const { return key_; }
-    bool Active() const override { return active_; }
-    void SetActive(bool active) override { active_ = active; }
-    bool OnPlan() const override { return onPlan_; }
-    void SetOnPlan(bool onPlan) override { onPlan_ = onPlan; }
-    bool InHeightRange() const override { return inHeightRange_; }
-    void SetInHeightRange(bool inRange) override { inHeightRange_ = inRange; }
+    bool Active() const final { return active_; }
+    void SetActive(bool active) final { active_ = active; }
+    bool OnPlan() const final { return onPlan_; }
+    void SetOnPlan(bool onPlan) final { onPlan_ = onPlan; }
+    bool InHeightRange() const final { return inHeightRange_; }
+    void SetInHeightRange(bool inRange) final { inHeightRange_ = inRange; }
     bool Consider(int mode) const override;
     bool isDeleteable() const override { return true; }
 

@@ -30,17 +30,11 @@ template <typename T> T* Exactly(INode* node) {
     return node && typeid(*node) == typeid(T) ? static_cast<T*>(node) : nullptr;
 }
 
-// Large layouts are drawn from memory far beyond the caches; fetching the node a few steps
-// ahead, and the position of the one after next, hides most of that latency.
-constexpr size_t kPrefetchNode = 16;
+// Large layouts are drawn from memory far beyond the caches; fetching a building a few steps
+// ahead, and the position of one a little closer, hides part of that latency. (Tracks are laid
+// out well enough for the processor's own prefetching; explicit hints only slowed them.)
+constexpr size_t kPrefetchNode = 24;
 constexpr size_t kPrefetchPosition = 8;
-
-template <typename Node> void PrefetchAhead(const Node* const* nodes, size_t count, size_t i) {
-    if (i + kPrefetchNode < count)
-        __builtin_prefetch(nodes[i + kPrefetchNode]);
-    if (i + kPrefetchPosition < count)
-        __builtin_prefetch(&nodes[i + kPrefetchPosition]->DreiBein().Pos());
-}
 
 double Whole(double value) {
     return std::isfinite(value) ? std::nearbyint(value) : 0;
@@ -61,6 +55,8 @@ bool CPlanPainter::InitView(CPlanView& view, const CAnlage& anlage) {
 }
 
 bool CPlanPainter::DrawAll(Canvas& canvas) {
+    if (!anlage_.RootNode())
+        return false;
     view_.SetClientSize(canvas.PixelWidth(), canvas.PixelHeight());
     if (view_.Zoom() <= 0 || !view_.ScalePlan())
         return false;
@@ -97,6 +93,7 @@ bool CPlanPainter::DrawAll(Canvas& canvas) {
         DrawGleisIds(target);
     DrawRotCenter(canvas);
     canvas.Flush();
+    signalsShown_ = WithSignals;
     return true;
 }
 
@@ -107,9 +104,11 @@ void CPlanPainter::DrawBG(Canvas& canvas) const {
                                                view_.PosX() + view_.ExtX(), view_.PosY()));
 }
 
+// Signals and contacts start inactive and become active when drawn; they need hiding only
+// when the previous drawing showed them.
 void CPlanPainter::PaintTrack(CNodeGleis& track, CPaintTarget& target) const {
     track.SetActive(true);
-    if (!target.WithSignals)
+    if (!target.WithSignals && signalsShown_)
         track.HideTrackMarks();
     track.Paint(target);
 }
@@ -117,11 +116,8 @@ void CPlanPainter::PaintTrack(CNodeGleis& track, CPaintTarget& target) const {
 void CPlanPainter::DrawTrackStyle(CPaintTarget& target, int style) {
     for (CNodeGleisSys* system : TrackSystems(anlage_))
         if (CViewOptions::TrackStyleOfSystem(system->Number()) == style) {
-            const std::vector<CNodeGleis*>& tracks = system->Gleise().Tracks();
-            for (size_t i = 0; i < tracks.size(); ++i) {
-                PrefetchAhead(tracks.data(), tracks.size(), i);
-                PaintTrack(*tracks[i], target);
-            }
+            for (CNodeGleis* track : system->Gleise().Tracks())
+                PaintTrack(*track, target);
         }
     ForEachBuilding([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, true,
                     &target);
@@ -148,20 +144,20 @@ void CPlanPainter::HideImmoSammlung(int kind) {
 
 template <typename Match>
 void CPlanPainter::ForEachBuilding(Match matches, bool paint, CPaintTarget* target) {
+    if (!anlage_.RootNode())
+        return;
     for (const auto& chapter : anlage_.RootNode()->SubNodes()) {
         auto* collection = Exactly<CNodeImmoSammlung>(chapter.get());
         if (!collection || !matches(collection->ID()))
             continue;
         const CArrayOfNodes& children = collection->SubNodes();
-        const int32_t count = children.Count();
-        for (int32_t i = 0; i < count; ++i) {
-            if (i + static_cast<int32_t>(kPrefetchNode) < count)
-                __builtin_prefetch(children.Item(i + static_cast<int32_t>(kPrefetchNode)));
-            if (i + static_cast<int32_t>(kPrefetchPosition) < count)
-                if (auto* ahead =
-                        Exactly<CNodeImmobilie>(children.Item(i + static_cast<int32_t>(kPrefetchPosition))))
-                    __builtin_prefetch(&ahead->DreiBein().Pos());
-            if (auto* building = Exactly<CNodeImmobilie>(children.Item(i))) {
+        for (auto it = children.begin(), last = children.end(); it != last; ++it) {
+            if (last - it > static_cast<std::ptrdiff_t>(kPrefetchNode))
+                __builtin_prefetch((it + kPrefetchNode)->get());
+            if (auto* building = Exactly<CNodeImmobilie>(it->get())) {
+                if (last - it > static_cast<std::ptrdiff_t>(kPrefetchPosition))
+                    if (auto* ahead = Exactly<CNodeImmobilie>((it + kPrefetchPosition)->get()))
+                        __builtin_prefetch(&ahead->DreiBein().Pos());
                 building->SetActive(paint);
                 if (paint)
                     building->Paint(*target);

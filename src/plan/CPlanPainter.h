@@ -49,6 +49,8 @@ private:
     template <typename Match> void ForEachBuilding(Match matches, bool paint, CPaintTarget* target);
     void PaintTrack(CNodeGleis& track, CPaintTarget& target) const;
 
+    // Whether the last drawing showed signals and contacts.
+    bool signalsShown_ = false;
     CAnlage& anlage_;
     CPlanView& view_;
     const CViewOptions& options_;

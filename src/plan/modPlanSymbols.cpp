@@ -49,6 +49,16 @@ double CurveStepFor(const CPaintTarget& target, const CTrackGeometry& geometry) 
         step = std::max(step, geometry.Length());
     return step;
 }
+// The sampled centre line in the target's buffers, with marks at its ends when asked for.
+void DrawTrackPoints(CPaintTarget& target, int count, bool selected) {
+    Canvas& canvas = target.Draw();
+    canvas.SetPen(target.Color, Width(selected));
+    canvas.Polyline(target.Xs.data(), target.Ys.data(), count);
+    if (target.TrackMarks) {
+        canvas.Circle(target.Xs.front(), target.Ys.front(), 2, false);
+        canvas.Circle(target.Xs.back(), target.Ys.back(), 2, false);
+    }
+}
 } // namespace
 
 void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected) {
@@ -96,11 +106,9 @@ void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool
     target.Draw().Square(x, y, selected ? kContactHalf + 2 : kContactHalf, true);
 }
 
-void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool straight, bool selected) {
-    Canvas& canvas = target.Draw();
-    canvas.SetPen(target.Color, Width(selected));
+void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool selected) {
     double length = geometry.Length();
-    int count = straight ? 2 : CurvePointCount(length, CurveStepFor(target, geometry));
+    int count = CurvePointCount(length, CurveStepFor(target, geometry));
     target.Xs.resize(static_cast<size_t>(count));
     target.Ys.resize(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i) {
@@ -108,11 +116,17 @@ void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool st
         Offset(target, geometry.PointAt(s), target.Xs[static_cast<size_t>(i)],
                target.Ys[static_cast<size_t>(i)]);
     }
-    canvas.Polyline(target.Xs.data(), target.Ys.data(), count);
-    if (target.TrackMarks) {
-        canvas.Circle(target.Xs.front(), target.Ys.front(), 2, false);
-        canvas.Circle(target.Xs.back(), target.Ys.back(), 2, false);
-    }
+    DrawTrackPoints(target, count, selected);
+}
+
+void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector& dir, double length,
+                       bool selected) {
+    target.Xs.resize(2);
+    target.Ys.resize(2);
+    Offset(target, start, target.Xs[0], target.Ys[0]);
+    Offset(target, CVector(start.X + dir.X * length, start.Y + dir.Y * length, 0), target.Xs[1],
+           target.Ys[1]);
+    DrawTrackPoints(target, 2, selected);
 }
 
 void DrawName(CPaintTarget& target, double x, double y, std::string_view name) {

@@ -24,7 +24,10 @@ void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double 
 // A contact: a small square whose colour tells its kind.
 void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool selected);
 // A track's centre line, sampled along its geometry; marks at its ends with TrackMarks.
-void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool straight, bool selected);
+void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool selected);
+// A straight piece: one line from its start along its direction.
+void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector& dir, double length,
+                       bool selected);
 // A name beside a mark, in the target's colour.
 void DrawName(CPaintTarget& target, double x, double y, std::string_view name);
 
