@@ -174,12 +174,17 @@ void EnvironmentWriter::writeCameraTour() {
 }
 
 // Centred on the origin and just big enough for everything placed.
-void EnvironmentWriter::writeTerrain() {
-    const Bounds& b = layout_.bounds();
+TerrainCells terrainCells(const Layout& layout) {
+    const Bounds& b = layout.bounds();
     const double halfX = b.empty() ? 0 : std::max(std::abs(b.minX), std::abs(b.maxX));
     const double halfY = b.empty() ? 0 : std::max(std::abs(b.minY), std::abs(b.maxY));
-    const long long cellsX = cellsFor(halfX);
-    const long long cellsY = cellsFor(halfY);
+    return {cellsFor(halfX), cellsFor(halfY)};
+}
+
+void EnvironmentWriter::writeTerrain() {
+    const TerrainCells cells = terrainCells(layout_);
+    const long long cellsX = cells.x;
+    const long long cellsY = cells.y;
     xml_.open("Schandlaft");
     xml_.attr("HorizonFile", "Horizons\\Huegelland_Sommer_360.3dm");
     xml_.attr("extX", cellsX);

@@ -7,6 +7,13 @@
 
 namespace kavrin::gen {
 
+// The terrain grid that covers a layout: cells along x and y.
+struct TerrainCells {
+    long long x = 0;
+    long long y = 0;
+};
+TerrainCells terrainCells(const Layout& layout);
+
 /// Writes the chapters after the scenery: cameras, settings, options, weather, timetable, script,
 /// 3-D camera tour, terrain and description.
 class EnvironmentWriter {

@@ -3,6 +3,7 @@
 #include "LayoutGenerator.h"
 #include "LayoutWriter.h"
 #include "OutputSink.h"
+#include "TerrainBitmaps.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -56,6 +57,14 @@ int main(int argc, char** argv) {
         const std::string name = std::filesystem::path(options->output).stem().string();
         const auto layout = LayoutGenerator(*options, name).generate();
         if (!writeLayout(*layout, options->output)) {
+            return kExitWriteFailed;
+        }
+        // The demo is opened by new users: it comes with its terrain bitmaps, which also shows the
+        // colour map under the plan. Large layouts would only fill the disk with them.
+        if (options->demo && !writeTerrainBitmaps(options->output, terrainCells(*layout),
+                                                  static_cast<unsigned>(options->seed))) {
+            std::fprintf(stderr, "kavrin-gen: die Geländebilder zu '%s' konnten nicht geschrieben werden.\n",
+                         options->output.c_str());
             return kExitWriteFailed;
         }
         std::printf("%s: %lld Gleise, %lld Immobilien, %zu Züge\n", options->output.c_str(),

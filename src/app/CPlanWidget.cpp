@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "app/CQtCanvas.h"
+#include "app/modPlanExport.h"
 #include "app/modQtText.h"
 #include "core/IUserInterface.h"
 #include "core/modTools.h"
@@ -78,8 +79,8 @@ bool CPlanWidget::DrawAllSafely(QImage& image) {
     WaitCursor wait;
     try {
         QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        CQtCanvas canvas(painter, image.width(), image.height());
+        painter.setRenderHint(QPainter::Antialiasing, kPlanAntialiasing);
+        CQtCanvas canvas(painter, image);
         return painter_->DrawAll(canvas);
     } catch (...) {
         CError failure = CError::FromCurrentException();

@@ -318,14 +318,22 @@ bool CNodeGleis::Paint(CPaintTarget& target) {
     CTrackGeometry geometry(*this);
     if (!straight)
         DrawTrackLine(target, geometry, Selected());
-    if (target.WithNames) {
-        CVector middle = geometry.PointAt(geometry.Length() / 2);
-        DrawName(target, middle.X + target.View().PaintXOffset, middle.Y + target.View().PaintYOffset,
-                 ModelName());
-    }
+    if (target.WithNames)
+        PaintName(target, geometry);
     if (target.WithSignals)
         PaintSignals(target, geometry);
     return PaintEpilogue(true);
+}
+
+// A layout is made of many short pieces of the same style; a name is written only where its
+// piece is long enough on screen to carry it, so the plan does not drown in text.
+void CNodeGleis::PaintName(CPaintTarget& target, const CTrackGeometry& geometry) const {
+    constexpr double kPixelsPerLetter = 7;
+    std::string name = ModelName();
+    if (geometry.Length() < kPixelsPerLetter * static_cast<double>(name.size()) * target.PixelSize())
+        return;
+    CVector middle = geometry.PointAt(geometry.Length() / 2);
+    DrawName(target, middle.X + target.View().PaintXOffset, middle.Y + target.View().PaintYOffset, name);
 }
 
 void CNodeGleis::PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry) {

@@ -105,6 +105,7 @@ public:
 private:
     bool ConsumeChild(INode& child);
     void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);
+    void PaintName(CPaintTarget& target, const CTrackGeometry& geometry) const;
     // Start point and length without building the whole geometry: the frame for classic
     // tracks, a cached value for the newer format, whose geometry takes reading elements.
     CVector Anchor(double& length) const;

@@ -171,6 +171,9 @@ TEST_F(PlanPainter, NamesSignalsAndContactsOnRequest) {
     EXPECT_FALSE(Single<CNodeKontakt>().Active()) << "hidden signals are not selectable";
     withNames = withSignals = true;
     ASSERT_TRUE(Draw());
+    EXPECT_EQ(canvas.Of("Text").size(), 1u) << "a 10 m piece seen from afar carries no name";
+    view.SetZoom(16);
+    ASSERT_TRUE(Draw());
     std::vector<std::string> texts;
     for (const auto* call : canvas.Of("Text"))
         texts.push_back(call->text);
