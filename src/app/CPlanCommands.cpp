@@ -34,6 +34,15 @@ QAction* CPlanCommands::AddButton(const char* key, const char* tip, bool checkab
     return action;
 }
 
+// Several layouts may be open; a key acts on the document window that has the focus.
+void CPlanCommands::AddShortcut(QAction* action, const QKeySequence& keys) {
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setToolTip(action->text() + QStringLiteral(" (") + keys.toString(QKeySequence::NativeText) +
+                       QLatin1Char(')'));
+    window_.addAction(action);
+}
+
 void CPlanCommands::CreateToolBar() {
     toolBar_ = new QToolBar(&window_);
     toolBar_->setObjectName(QStringLiteral("tbAnlage"));
@@ -42,14 +51,14 @@ void CPlanCommands::CreateToolBar() {
     AddButton("Save", "Anlage speichern");
     AddButton("SaveAs", "Anlage speichern unter");
     toolBar_->addSeparator();
-    AddButton("ZoomIn", "Vergrößern");
+    AddShortcut(AddButton("ZoomIn", "Vergrößern"), QKeySequence::ZoomIn);
     cbZoom_ = new QComboBox(toolBar_);
     cbZoom_->setObjectName(QStringLiteral("cbZoom"));
     cbZoom_->setToolTip(ToQt(FormatMessage("Zoomfaktor")));
     cbZoom_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     toolBar_->addWidget(cbZoom_);
-    AddButton("ZoomOut", "Verkleinern");
-    AddButton("World", "Gesamtansicht");
+    AddShortcut(AddButton("ZoomOut", "Verkleinern"), QKeySequence::ZoomOut);
+    AddShortcut(AddButton("World", "Gesamtansicht"), QKeySequence(Qt::CTRL | Qt::Key_0));
     toolBar_->addSeparator();
     AddButton("Names", "Namen anzeigen", true);
     AddButton("Signals", "Signale anzeigen", true);

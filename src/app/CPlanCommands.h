@@ -4,6 +4,7 @@
 #include <QString>
 
 class QAction;
+class QKeySequence;
 class QComboBox;
 class QMenu;
 class QToolBar;
@@ -43,6 +44,7 @@ private:
     void CreateMenus();
     static void SetChecked(QAction* action, bool on);
 
+    void AddShortcut(QAction* action, const QKeySequence& keys);
     QWidget& window_;
     QToolBar* toolBar_ = nullptr;
     QComboBox* cbZoom_ = nullptr;
