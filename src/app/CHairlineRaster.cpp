@@ -6,10 +6,8 @@
 
 namespace kavrin {
 
-namespace {
-// Liang-Barsky against [lo, hi] on both axes; false when nothing is left.
-bool Clip(double& x0, double& y0, double& x1, double& y1, double hiX, double hiY) {
-    const double lo = -1;
+bool CHairlineRaster::ClipLine(double& x0, double& y0, double& x1, double& y1, double lo, double hiX,
+                               double hiY) {
     double dx = x1 - x0, dy = y1 - y0;
     double t0 = 0, t1 = 1;
     const double p[4] = {-dx, dx, -dy, dy};
@@ -36,10 +34,9 @@ bool Clip(double& x0, double& y0, double& x1, double& y1, double hiX, double hiY
     y0 = y0 + t0 * dy;
     return true;
 }
-} // namespace
 
 void CHairlineRaster::Line(double fx0, double fy0, double fx1, double fy1) {
-    if (!Clip(fx0, fy0, fx1, fy1, width_, height_))
+    if (!ClipLine(fx0, fy0, fx1, fy1, -1, width_, height_))
         return;
     int x0 = static_cast<int>(std::floor(fx0)), y0 = static_cast<int>(std::floor(fy0));
     int x1 = static_cast<int>(std::floor(fx1)), y1 = static_cast<int>(std::floor(fy1));

@@ -12,6 +12,10 @@ public:
     CHairlineRaster(uint32_t* pixels, int width, int height, int pixelsPerLine)
         : pixels_(pixels), width_(width), height_(height), stride_(pixelsPerLine) {}
 
+    // Cuts a segment to the square [lo, hiX] x [lo, hiY] (Liang-Barsky); false when nothing of it
+    // is left or a coordinate is no number.
+    static bool ClipLine(double& x0, double& y0, double& x1, double& y1, double lo, double hiX, double hiY);
+
     void SetColor(uint32_t argb) { color_ = argb; }
     // A line between two pixel positions (any values; clipped, non-numbers ignored).
     void Line(double x0, double y0, double x1, double y1);

@@ -114,28 +114,9 @@ void CQtCanvas::ClippedLine(QPointF a, QPointF b) {
             pending_.emplace_back(a, b);
         return;
     }
-    double dx = b.x() - a.x(), dy = b.y() - a.y();
-    double t0 = 0, t1 = 1;
-    const double p[4] = {-dx, dx, -dy, dy};
-    const double q[4] = {a.x() + kSlack, width_ + kSlack - a.x(), a.y() + kSlack, height_ + kSlack - a.y()};
-    for (int i = 0; i < 4; ++i) {
-        if (!std::isfinite(p[i]) || !std::isfinite(q[i]))
-            return;
-        if (p[i] == 0) {
-            if (q[i] < 0)
-                return;
-            continue;
-        }
-        double t = q[i] / p[i];
-        if (p[i] < 0)
-            t0 = std::max(t0, t);
-        else
-            t1 = std::min(t1, t);
-        if (t0 > t1)
-            return;
-    }
-    pending_.emplace_back(QPointF(a.x() + t0 * dx, a.y() + t0 * dy),
-                          QPointF(a.x() + t1 * dx, a.y() + t1 * dy));
+    double x0 = a.x(), y0 = a.y(), x1 = b.x(), y1 = b.y();
+    if (CHairlineRaster::ClipLine(x0, y0, x1, y1, -kSlack, width_ + kSlack, height_ + kSlack))
+        pending_.emplace_back(QPointF(x0, y0), QPointF(x1, y1));
 }
 
 void CQtCanvas::Polyline(const double* xs, const double* ys, int n) {
