@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/CStringPack.h"
 #include "document/NodeAttributes.h"
 #include "nodes/CNodeGleis.h"
 
@@ -23,20 +24,40 @@ double Norm(const CVector& a) {
     return std::sqrt(a.X * a.X + a.Y * a.Y + a.Z * a.Z);
 }
 
+// The geometry of the newer format is read from kept attribute texts every time a track is
+// drawn; the name of an attribute is looked up once (its index never changes), and the text is
+// read in place.
+class AttributeKey {
+public:
+    explicit AttributeKey(const char* name) : name_(name), key_(AttributeNames().PutString(name)) {}
+    double Of(const INode& node) const {
+        const std::string* value = node.Attributes().Item(key_);
+        if (!value)
+            return 0;
+        return *value == kOwnedValue ? TextToNumber(AttributeText(node, name_)) : TextToNumber(*value);
+    }
+
+private:
+    const char* name_;
+    int16_t key_;
+};
+
 double Number(const INode& node, const char* name) {
     return TextToNumber(AttributeText(node, name));
 }
 
 // A "Position" (x, y, z) or "Vector" (dx, dy, dz) element.
 CVector ReadVector(const INode& node) {
-    if (node.Name() == "Position")
-        return {Number(node, "x"), Number(node, "y"), Number(node, "z")};
-    return {Number(node, "dx"), Number(node, "dy"), Number(node, "dz")};
+    static const AttributeKey x("x"), y("y"), z("z"), dx("dx"), dy("dy"), dz("dz");
+    if (std::string_view(node.Name()) == "Position")
+        return {x.Of(node), y.Of(node), z.Of(node)};
+    return {dx.Of(node), dy.Of(node), dz.Of(node)};
 }
 
-const INode* Child(const INode& node, const char* name) {
+// Names compared as views: a different length is rejected without looking at the letters.
+const INode* Child(const INode& node, std::string_view name) {
     for (const auto& child : node.SubNodes())
-        if (child->Name() == name)
+        if (std::string_view(child->Name()) == name)
             return child.get();
     return nullptr;
 }
@@ -44,9 +65,12 @@ const INode* Child(const INode& node, const char* name) {
 // The Position and Vector children of an element, in order.
 std::vector<CVector> Vectors(const INode& node) {
     std::vector<CVector> vectors;
-    for (const auto& child : node.SubNodes())
-        if (child->Name() == "Position" || child->Name() == "Vector")
+    vectors.reserve(4);
+    for (const auto& child : node.SubNodes()) {
+        std::string_view name = child->Name();
+        if (name == "Position" || name == "Vector")
             vectors.push_back(ReadVector(*child));
+    }
     return vectors;
 }
 
@@ -108,8 +132,9 @@ void CTrackGeometry::ReadNewFormat(const CNodeGleis& track) {
         frame_.axis[2] = {0, 0, 1};
     }
     if (const INode* interval = Child(track, "Interval")) {
-        near_ = Number(*interval, "near");
-        far_ = Number(*interval, "far");
+        static const AttributeKey nearKey("near"), farKey("far");
+        near_ = nearKey.Of(*interval);
+        far_ = farKey.Of(*interval);
     }
     length_ = std::max(0.0, far_ - near_) * 100;
     const INode* curve = Child(track, "Curve");
