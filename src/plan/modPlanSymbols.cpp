@@ -39,12 +39,13 @@ int CurvePointCount(double length, double step) {
     return static_cast<int>(std::min(count, static_cast<double>(kMaxCurvePoints)));
 }
 // Chords of a known bend only need to be short enough that the curve strays from them by at
-// most half a pixel (sagitta c^2 k / 8 <= 0.5 px).
+// most a quarter pixel (sagitta c^2 k / 8 <= 0.25 px). Truncating the point count can make a
+// chord up to twice that long, which keeps the error within a pixel at worst.
 double CurveStepFor(const CPaintTarget& target, const CTrackGeometry& geometry) {
     double step = target.CurveStep();
     double k = geometry.Curvature();
     if (k > 0 && std::isfinite(k))
-        step = std::max(step, std::sqrt(4 * target.PixelSize() / k));
+        step = std::max(step, std::sqrt(2 * target.PixelSize() / k));
     else if (k == 0)
         step = std::max(step, geometry.Length());
     return step;
