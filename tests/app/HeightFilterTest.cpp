@@ -63,15 +63,6 @@ struct Dialog {
     FHeightFilter dialog;
 };
 
-std::vector<CNodeGood*> Goods(const CAnlage& anlage) {
-    std::vector<CNodeGood*> goods;
-    ForEachNode(*anlage.RootNode(), [&](const INode& node, int) {
-        if (auto* good = dynamic_cast<const CNodeGood*>(&node))
-            goods.push_back(const_cast<CNodeGood*>(good));
-    });
-    return goods;
-}
-
 } // namespace
 
 class HeightFilterTest : public QObject, public test::MainWindowFixture {
@@ -290,7 +281,7 @@ void HeightFilterTest::planAppliesTheFilter() {
     QVERIFY(button->isChecked());
 
     window->Plan()->grab();
-    const std::vector<CNodeGood*> goods = Goods(window->Anlage());
+    const std::vector<CNodeGood*> goods = test::Goods(window->Anlage());
     QVERIFY(goods[0]->OnPlan() && goods[0]->InHeightRange() && goods[0]->Consider(0));
     QVERIFY(!goods[1]->OnPlan());
     QVERIFY(!goods[1]->InHeightRange());

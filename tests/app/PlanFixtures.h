@@ -7,6 +7,9 @@
 #include <vector>
 
 #include "../document/LayoutText.h"
+#include "document/CAnlage.h"
+#include "document/NodeTree.h"
+#include "nodes/CNodeGood.h"
 
 namespace kavrin::test {
 
@@ -54,6 +57,16 @@ inline bool WriteBitmap(const QString& path, int width, int height, const QColor
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(color);
     return image.save(path, "BMP");
+}
+
+// Every goods item of a layout, in document order.
+inline std::vector<CNodeGood*> Goods(const CAnlage& anlage) {
+    std::vector<CNodeGood*> goods;
+    ForEachNode(*anlage.RootNode(), [&](const INode& node, int) {
+        if (auto* good = dynamic_cast<const CNodeGood*>(&node))
+            goods.push_back(const_cast<CNodeGood*>(good));
+    });
+    return goods;
 }
 
 } // namespace kavrin::test

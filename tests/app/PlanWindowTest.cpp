@@ -46,15 +46,6 @@ QStringList ComboTexts(const QComboBox* box) {
     return texts;
 }
 
-std::vector<CNodeGood*> Goods(const CAnlage& anlage) {
-    std::vector<CNodeGood*> goods;
-    ForEachNode(*anlage.RootNode(), [&](const INode& node, int) {
-        if (auto* good = dynamic_cast<const CNodeGood*>(&node))
-            goods.push_back(const_cast<CNodeGood*>(good));
-    });
-    return goods;
-}
-
 void SendMouse(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button = Qt::NoButton) {
     Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
     QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
@@ -428,7 +419,7 @@ void PlanWindowTest::nodesOnTheEdgeOfTheViewAreDrawn() {
     QVERIFY(painter.DrawAll(canvas));
     QCOMPARE(view.Left(), 2500.0);
     QCOMPARE(view.Top(), 7500.0);
-    const std::vector<CNodeGood*> nodes = Goods(anlage);
+    const std::vector<CNodeGood*> nodes = test::Goods(anlage);
     QCOMPARE(nodes.size(), goods.size());
     for (size_t i = 0; i < nodes.size(); ++i)
         QVERIFY2(nodes[i]->OnPlan() == (i < 4), qPrintable(QString("good %1").arg(i)));
@@ -459,7 +450,7 @@ void PlanWindowTest::terrainBitmapsAreReportedOnceAndThePlanStillDraws() {
     const QImage picture = Settled(window);
     QVERIFY(window->Plan()->Drawn());
     QCOMPARE(picture.pixelColor(2, 2), QColor(Qt::white));
-    QVERIFY(Goods(window->Anlage()).front()->OnPlan());
+    QVERIFY(test::Goods(window->Anlage()).front()->OnPlan());
     window->ZoomIn();
     window->RepaintPlan();
     QVERIFY(!Settled(window).isNull());
