@@ -9,12 +9,11 @@
 #include "nodes/CNodeAnfFuehrVerdrehung.h"
 #include "nodes/CNodeCharakteristik.h"
 #include "nodes/CNodeDreibein.h"
-#include "nodes/CNodeKontakt.h"
-#include "nodes/CNodeMeldung.h"
 #include "nodes/CObjectTexte.h"
 #include "nodes/CTrackGeometry.h"
 #include "nodes/modNodes.h"
 #include "plan/CPaintTarget.h"
+#include "plan/CTrackMark.h"
 #include "plan/modPlanSymbols.h"
 
 namespace kavrin {
@@ -298,6 +297,14 @@ std::string CNodeGleis::PrintId() const {
     return FormatMessage("%1 [%2]", id_, CObjectTexte::GleisSystem(gleisSysId_));
 }
 
+namespace {
+// A signal or contact among the children; the name test spares the cast for everything else.
+CTrackMark* TrackMarkOf(INode& child) {
+    const std::string& name = child.Name();
+    return name == "Kontakt" || name == "Meldung" ? dynamic_cast<CTrackMark*>(&child) : nullptr;
+}
+} // namespace
+
 std::string CNodeGleis::ModelName() const {
     return kavrin::ModelName(AttributeText(*this, "gsbname"));
 }
@@ -336,32 +343,21 @@ void CNodeGleis::PaintName(CPaintTarget& target, const CTrackGeometry& geometry)
     DrawName(target, middle.X + target.View().PaintXOffset, middle.Y + target.View().PaintYOffset, name);
 }
 
+// Signals and contacts are painted with the geometry the track has just built.
 void CNodeGleis::PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry) {
-    for (const auto& child : SubNodes()) {
-        const std::string& name = child->Name();
-        if (name == "Kontakt") {
-            if (auto* contact = dynamic_cast<CNodeKontakt*>(child.get())) {
-                contact->SetActive(true);
-                contact->PaintAt(target, geometry);
-            }
-        } else if (name == "Meldung") {
-            if (auto* signal = dynamic_cast<CNodeMeldung*>(child.get())) {
-                signal->SetActive(true);
-                signal->PaintAt(target, geometry);
-            }
+    for (const auto& child : SubNodes())
+        if (auto* mark = TrackMarkOf(*child)) {
+            mark->SetActive(true);
+            mark->PaintAt(target, geometry);
         }
-    }
 }
 
 void CNodeGleis::HideTrackMarks() {
     if (SubNodes().Count() == 0)
         return;
-    for (const auto& child : SubNodes()) {
-        const std::string& name = child->Name();
-        if (name == "Kontakt" || name == "Meldung")
-            if (auto* paint = dynamic_cast<IPaint*>(child.get()))
-                paint->SetActive(false);
-    }
+    for (const auto& child : SubNodes())
+        if (auto* mark = TrackMarkOf(*child))
+            mark->SetActive(false);
 }
 
 bool CNodeGleis::inRect(const CRect& world) const {

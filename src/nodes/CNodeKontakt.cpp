@@ -7,9 +7,7 @@
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/CObjectTexte.h"
-#include "nodes/CTrackGeometry.h"
 #include "nodes/TrackPositionCheck.h"
-#include "plan/CPaintTarget.h"
 #include "plan/modPlanSymbols.h"
 
 namespace kavrin {
@@ -122,22 +120,9 @@ void CNodeKontakt::SplitSignalData(int32_t value) {
     signalHigh_ = value / 65536;
 }
 
-bool CNodeKontakt::Paint(CPaintTarget& target) {
-    const auto* track = dynamic_cast<const CNodeGleis*>(Parent());
-    return track ? PaintAt(target, CTrackGeometry(*track)) : PaintEpilogue(false);
-}
-
-bool CNodeKontakt::PaintAt(CPaintTarget& target, const CTrackGeometry& track) {
-    TrackPlace place = TrackPlaceAt(track, position_);
-    double x = place.x, y = place.y;
-    if (!PaintPrologue(target, x, y, place.z, 0))
-        return PaintEpilogue(false);
+// A small square coloured by the contact's kind.
+void CNodeKontakt::DrawMark(CPaintTarget& target, double x, double y, const TrackPlace&) {
     DrawContactMark(target, x, y, setType_, Selected());
-    return PaintEpilogue(true);
-}
-
-bool CNodeKontakt::inRect(const CRect& world) const {
-    return ParentTrackPlaceInRect(*this, position_, world);
 }
 
 } // namespace kavrin

@@ -5,18 +5,14 @@
 
 #include "document/CNodeBase.h"
 #include "document/ICopy.h"
-#include "plan/CPaintState.h"
+#include "plan/CTrackMark.h"
 
 namespace kavrin {
 
-class CTrackGeometry;
-
 // "Kontakt": a contact placed along its parent track, acting on a contact target. Its signal
 // data is held as the low 16 bits and the high part, as the simulator splits it.
-class CNodeKontakt final : public CNodeBase, public ICopy, public CPaintState {
+class CNodeKontakt final : public CNodeBase, public ICopy, public CTrackMark {
 public:
-    // Signals and contacts are shown on request only, so they start inactive.
-    CNodeKontakt() : CPaintState(false) {}
     const char* ClassName() const override { return "CNodeKontakt"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
@@ -46,14 +42,10 @@ public:
     int16_t ClsIdIndex() const { return clsIdIndex_; }
     const std::string& ClsID() const;
 
-    // On the plan: a small square coloured by its kind, at its place along the parent track. It moves
-    // with its track, so Move and Rotate leave it alone.
-    bool Paint(CPaintTarget& target) override;
-    // Paints with the geometry of the parent track, which the track has at hand.
-    bool PaintAt(CPaintTarget& target, const CTrackGeometry& track);
-    bool inRect(const CRect& world) const override;
-    void Move(double, double) override {}
-    void Rotate(double, double, double) override {}
+protected:
+    const INode& MarkNode() const override { return *this; }
+    double TrackPosition() const override { return position_; }
+    void DrawMark(CPaintTarget& target, double x, double y, const TrackPlace& place) override;
 
 private:
     void SplitSignalData(int32_t value);

@@ -5,9 +5,7 @@
 #include "document/CXmlWriter.h"
 #include "document/NodeAttributes.h"
 #include "nodes/CNodeGleis.h"
-#include "nodes/CTrackGeometry.h"
 #include "nodes/TrackPositionCheck.h"
-#include "plan/CPaintTarget.h"
 #include "plan/modPlanSymbols.h"
 
 namespace kavrin {
@@ -117,23 +115,10 @@ void CNodeMeldung::AddAttrName() {
     AddOwnedAttribute(*this, "name");
 }
 
-bool CNodeMeldung::Paint(CPaintTarget& target) {
-    const auto* track = dynamic_cast<const CNodeGleis*>(Parent());
-    return track ? PaintAt(target, CTrackGeometry(*track)) : PaintEpilogue(false);
-}
-
-bool CNodeMeldung::PaintAt(CPaintTarget& target, const CTrackGeometry& track) {
-    TrackPlace place = TrackPlaceAt(track, position_);
-    double x = place.x, y = place.y;
-    if (!PaintPrologue(target, x, y, place.z, 0))
-        return PaintEpilogue(false);
+// A red triangle pointing the way the signal faces.
+void CNodeMeldung::DrawMark(CPaintTarget& target, double x, double y, const TrackPlace& place) {
     double sense = paraOderAnti_ == 0 ? -1 : 1;
     DrawSignalMark(target, x, y, place.dx * sense, place.dy * sense, Selected());
-    return PaintEpilogue(true);
-}
-
-bool CNodeMeldung::inRect(const CRect& world) const {
-    return ParentTrackPlaceInRect(*this, position_, world);
 }
 
 } // namespace kavrin

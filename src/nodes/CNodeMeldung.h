@@ -5,18 +5,14 @@
 
 #include "document/CNodeBase.h"
 #include "document/ICopy.h"
-#include "plan/CPaintState.h"
+#include "plan/CTrackMark.h"
 
 namespace kavrin {
 
-class CTrackGeometry;
-
 // "Meldung": a signal standing at its parent track. Its contact target number comes from a
 // "KontaktZiel" child (-1: none) and is written back as such a child, before the kept ones.
-class CNodeMeldung final : public CNodeBase, public ICopy, public CPaintState {
+class CNodeMeldung final : public CNodeBase, public ICopy, public CTrackMark {
 public:
-    // Signals and contacts are shown on request only, so they start inactive.
-    CNodeMeldung() : CPaintState(false) {}
     const char* ClassName() const override { return "CNodeMeldung"; }
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
@@ -43,14 +39,10 @@ public:
     int32_t KontaktZiel() const { return kontaktZiel_; }
     void SetKontaktZiel(int32_t target) { kontaktZiel_ = target; }
 
-    // On the plan: a red triangle pointing the way it faces, at its place along the parent track. It moves
-    // with its track, so Move and Rotate leave it alone.
-    bool Paint(CPaintTarget& target) override;
-    // Paints with the geometry of the parent track, which the track has at hand.
-    bool PaintAt(CPaintTarget& target, const CTrackGeometry& track);
-    bool inRect(const CRect& world) const override;
-    void Move(double, double) override {}
-    void Rotate(double, double, double) override {}
+protected:
+    const INode& MarkNode() const override { return *this; }
+    double TrackPosition() const override { return position_; }
+    void DrawMark(CPaintTarget& target, double x, double y, const TrackPlace& place) override;
 
 private:
     bool TakeKontaktZiel(const INode& child);

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "nodes/CNodeGleis.h"
-#include "nodes/CRect.h"
 #include "nodes/CTrackGeometry.h"
 #include "plan/CPaintTarget.h"
 
@@ -152,19 +150,6 @@ TrackPlace TrackPlaceAt(const CTrackGeometry& geometry, double s) {
         }
     }
     return place;
-}
-
-bool ParentTrackPlace(const INode& node, double s, TrackPlace& place) {
-    const auto* track = dynamic_cast<const CNodeGleis*>(node.Parent());
-    if (!track)
-        return false;
-    place = TrackPlaceAt(CTrackGeometry(*track), s);
-    return true;
-}
-
-bool ParentTrackPlaceInRect(const INode& node, double s, const CRect& world) {
-    TrackPlace place;
-    return ParentTrackPlace(node, s, place) && world.Contains(place.x, place.y);
 }
 
 std::string ModelName(std::string_view modelPath) {

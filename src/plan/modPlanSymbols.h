@@ -9,8 +9,6 @@ class C3Bein;
 class CPaintTarget;
 class CTrackGeometry;
 class CVector;
-class INode;
-class CRect;
 
 // The marks of the plan, shared by the node classes so that each kind looks the same wherever
 // it is drawn. Positions are world coordinates with the paint offsets already added.
@@ -41,9 +39,6 @@ struct TrackPlace {
     double dx = 1, dy = 0;
 };
 TrackPlace TrackPlaceAt(const CTrackGeometry& geometry, double s);
-// The geometry of the track a contact or signal stands on; false when its parent is no track.
-bool ParentTrackPlace(const INode& node, double s, TrackPlace& place);
-bool ParentTrackPlaceInRect(const INode& node, double s, const CRect& world);
 
 // The colour of a contact kind on the plan.
 unsigned ContactColor(int setType);
