@@ -32,6 +32,23 @@ bool ReadFile(const std::string& path, std::string& bytes) {
     return !in.bad();
 }
 
+// The headers and palette lie in the first few hundred bytes; the check needs no more than
+// these and the file's size.
+constexpr size_t kHeadBytes = 4096;
+
+bool ReadHead(const std::string& path, std::string& head, uint64_t& fileSize) {
+    std::ifstream in(path, std::ios::binary | std::ios::ate);
+    if (!in)
+        return false;
+    std::streamoff size = in.tellg();
+    if (size < 0)
+        return false;
+    fileSize = static_cast<uint64_t>(size);
+    head.resize(static_cast<size_t>(std::min<uint64_t>(fileSize, kHeadBytes)));
+    in.seekg(0);
+    return static_cast<bool>(in.read(head.data(), static_cast<std::streamsize>(head.size())));
+}
+
 // Bytes per row, padded to four.
 int64_t Stride(int width, int bits) {
     return (static_cast<int64_t>(width) * bits + 31) / 32 * 4;
@@ -44,12 +61,13 @@ uint32_t Rgb(unsigned char r, unsigned char g, unsigned char b) {
 
 bool CBmpFile::Open(const std::string& path) {
     path_ = path;
-    std::string bytes;
+    std::string head;
+    uint64_t fileSize = 0;
     header_ = {};
-    return ReadFile(path, bytes) && ReadHeader(bytes, header_);
+    return ReadHead(path, head, fileSize) && ReadHeader(head, fileSize, header_);
 }
 
-bool CBmpFile::ReadHeader(const std::string& b, Header& h) {
+bool CBmpFile::ReadHeader(const std::string& b, uint64_t fileSize, Header& h) {
     if (b.size() < kFileHeaderSize + kMinInfoHeaderSize || b[0] != 'B' || b[1] != 'M')
         return false;
     h.dataOffset = U32(b, 10);
@@ -75,16 +93,16 @@ bool CBmpFile::ReadHeader(const std::string& b, Header& h) {
     if (h.bitsPerPixel == 8) {
         h.paletteOffset = kFileHeaderSize + infoSize;
         h.paletteCount = U32(b, 46) == 0 ? 256 : U32(b, 46);
-        if (h.paletteCount > 256 || h.paletteOffset + 4ull * h.paletteCount > b.size())
+        if (h.paletteCount > 256 || h.paletteOffset + 4ull * h.paletteCount > fileSize)
             return false;
     }
-    return h.dataOffset + Stride(h.width, h.bitsPerPixel) * h.height <= static_cast<int64_t>(b.size());
+    return h.dataOffset + Stride(h.width, h.bitsPerPixel) * h.height <= static_cast<int64_t>(fileSize);
 }
 
 CPlanImage CBmpFile::Decode() const {
     std::string b;
     Header h;
-    if (header_.width <= 0 || !ReadFile(path_, b) || !ReadHeader(b, h))
+    if (header_.width <= 0 || !ReadFile(path_, b) || !ReadHeader(b, b.size(), h))
         return {};
     CPlanImage image(h.width, h.height);
     int64_t stride = Stride(h.width, h.bitsPerPixel);

@@ -11,7 +11,8 @@ namespace kavrin {
 // 24/32 bits per pixel, rows bottom-up (or top-down with a negative height).
 class CBmpFile {
 public:
-    // Reads and checks the headers; false when the file cannot be read or is no such bitmap.
+    // Reads and checks the headers against the file's size; false when the file cannot be read
+    // or is no such bitmap. The pixels are read only by Decode.
     bool Open(const std::string& path);
     int Width() const { return header_.width; }
     int Height() const { return header_.height; }
@@ -29,7 +30,8 @@ private:
         uint32_t paletteOffset = 0;
         uint32_t paletteCount = 0;
     };
-    static bool ReadHeader(const std::string& bytes, Header& header);
+    // bytes: the start of the file (at least its headers and palette); fileSize: all of it.
+    static bool ReadHeader(const std::string& bytes, uint64_t fileSize, Header& header);
 
     std::string path_;
     Header header_;
