@@ -114,38 +114,38 @@ void CPlanPainter::PaintTrack(CNodeGleis& track, CPaintTarget& target) const {
 }
 
 void CPlanPainter::DrawTrackStyle(CPaintTarget& target, int style) {
-    for (CNodeGleisSys* system : TrackSystems(anlage_))
-        if (CViewOptions::TrackStyleOfSystem(system->Number()) == style) {
-            for (CNodeGleis* track : system->Gleise().Tracks())
-                PaintTrack(*track, target);
-        }
-    ForEachBuilding([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, true,
-                    &target);
+    ShowTrackStyle(style, &target);
 }
 
 void CPlanPainter::HideTrackStyle(int style) {
-    for (CNodeGleisSys* system : TrackSystems(anlage_))
-        if (CViewOptions::TrackStyleOfSystem(system->Number()) == style)
-            for (CNodeGleis* track : system->Gleise().Tracks()) {
+    ShowTrackStyle(style, nullptr);
+}
+
+void CPlanPainter::ShowTrackStyle(int style, CPaintTarget* target) {
+    for (CNodeGleisSys* system : TrackSystems(anlage_)) {
+        if (CViewOptions::TrackStyleOfSystem(system->Number()) != style)
+            continue;
+        for (CNodeGleis* track : system->Gleise().Tracks()) {
+            if (target) {
+                PaintTrack(*track, *target);
+            } else {
                 track->SetActive(false);
                 track->HideTrackMarks();
             }
-    ForEachBuilding([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, false,
-                    nullptr);
+        }
+    }
+    ShowBuildings([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, target);
 }
 
 void CPlanPainter::DrawImmoSammlung(CPaintTarget& target, int kind) {
-    ForEachBuilding([kind](int id) { return id == kind; }, true, &target);
+    ShowBuildings([kind](int id) { return id == kind; }, &target);
 }
 
 void CPlanPainter::HideImmoSammlung(int kind) {
-    ForEachBuilding([kind](int id) { return id == kind; }, false, nullptr);
+    ShowBuildings([kind](int id) { return id == kind; }, nullptr);
 }
 
-template <typename Match>
-void CPlanPainter::ForEachBuilding(Match matches, bool paint, CPaintTarget* target) {
-    if (!anlage_.RootNode())
-        return;
+template <typename Match> void CPlanPainter::ShowBuildings(Match matches, CPaintTarget* target) {
     for (const auto& chapter : anlage_.RootNode()->SubNodes()) {
         auto* collection = Exactly<CNodeImmoSammlung>(chapter.get());
         if (!collection || !matches(collection->ID()))
@@ -158,8 +158,8 @@ void CPlanPainter::ForEachBuilding(Match matches, bool paint, CPaintTarget* targ
                 if (last - it > static_cast<std::ptrdiff_t>(kPrefetchPosition))
                     if (auto* ahead = Exactly<CNodeImmobilie>((it + kPrefetchPosition)->get()))
                         __builtin_prefetch(&ahead->DreiBein().Pos());
-                building->SetActive(paint);
-                if (paint)
+                building->SetActive(target != nullptr);
+                if (target)
                     building->Paint(*target);
             }
         }
@@ -167,21 +167,22 @@ void CPlanPainter::ForEachBuilding(Match matches, bool paint, CPaintTarget* targ
 }
 
 void CPlanPainter::DrawGoods(CPaintTarget& target) {
+    ShowGoods(&target);
+}
+
+void CPlanPainter::HideGoods() {
+    ShowGoods(nullptr);
+}
+
+void CPlanPainter::ShowGoods(CPaintTarget* target) {
     for (const auto& chapter : anlage_.RootNode()->SubNodes())
         if (Exactly<CNodeGoods>(chapter.get()))
             for (const auto& child : chapter->SubNodes())
                 if (auto* good = Exactly<CNodeGood>(child.get())) {
-                    good->SetActive(true);
-                    good->Paint(target);
+                    good->SetActive(target != nullptr);
+                    if (target)
+                        good->Paint(*target);
                 }
-}
-
-void CPlanPainter::HideGoods() {
-    for (const auto& chapter : anlage_.RootNode()->SubNodes())
-        if (Exactly<CNodeGoods>(chapter.get()))
-            for (const auto& child : chapter->SubNodes())
-                if (auto* good = Exactly<CNodeGood>(child.get()))
-                    good->SetActive(false);
 }
 
 // The id of every track drawn, at the middle of its centre line.

@@ -45,8 +45,11 @@ private:
     void HideGoods();
     void DrawGleisIds(CPaintTarget& target) const;
     void DrawRotCenter(Canvas& canvas) const;
-    // Paints or hides the objects of the building collections whose ids map to `matches`.
-    template <typename Match> void ForEachBuilding(Match matches, bool paint, CPaintTarget* target);
+    // The walks behind the draw and hide steps: with a target they activate and paint each
+    // node, without one they deactivate it.
+    void ShowTrackStyle(int style, CPaintTarget* target);
+    template <typename Match> void ShowBuildings(Match collectionMatches, CPaintTarget* target);
+    void ShowGoods(CPaintTarget* target);
     void PaintTrack(CNodeGleis& track, CPaintTarget& target) const;
 
     // Whether the last drawing showed signals and contacts.
