@@ -5,6 +5,8 @@
 
 #include "core/IUserInterface.h"
 #include "core/modTools.h"
+#include "document/CFileBytes.h"
+#include "document/CLayoutReader.h"
 #include "document/CNodeUnknown.h"
 #include "document/CXmlWriter.h"
 #include "document/FParseLog.h"
@@ -17,13 +19,6 @@
 namespace kavrin {
 
 namespace {
-
-// Literal line feeds in attribute values survive (no whitespace conversion), so do carriage
-// returns (no end-of-line normalisation); comments and CDATA are parsed so that they can be
-// refused with a hint instead of disappearing silently.
-constexpr unsigned kParseOptions = (pugi::parse_default & ~pugi::parse_wconv_attribute & ~pugi::parse_eol) |
-                                   pugi::parse_comments | pugi::parse_pi | pugi::parse_declaration |
-                                   pugi::parse_doctype | pugi::parse_ws_pcdata_single;
 
 const int kCollectionIdOrder[] = {1, 2, 3, 6, 4, 5};
 
@@ -42,7 +37,8 @@ void CAnlage::Clear() {
     version_.Clear();
     chapters_.Clear();
     procInstrs_.clear();
-    declaration_.clear();
+    prolog_.clear();
+    epilog_.clear();
     kontaktZiele_.clear();
     changedWhileLoading_ = false;
     changed_ = false;
@@ -82,43 +78,87 @@ bool CAnlage::ParseDocument(const std::string& path) {
         ErrorBox(FormatMessage("Die Datei%n%1%nexistiert nicht.", path));
         return false;
     }
+    CFileBytes bytes;
+    std::string error;
+    if (!bytes.Read(path, error)) {
+        ErrorBox(FormatMessage("Die Datei%n%1%nkann nicht gelesen werden:%n%2", path, error));
+        return false;
+    }
+    CLayoutReader reader(bytes, *this);
+    switch (reader.Read(root_)) {
+    case CLayoutReader::Result::Ok:
+        prolog_ = reader.Prolog();
+        epilog_ = reader.Epilog();
+        return true;
+    case CLayoutReader::Result::Failed:
+        return false;
+    case CLayoutReader::Result::NotXml:
+        break;
+    }
+    // The pieces were not well-formed: the parser reads the whole file once more, for its exact
+    // report, or, should it accept the file after all, for the tree.
+    root_.reset();
+    procInstrs_.clear();
+    kontaktZiele_.clear();
+    if (!bytes.Read(path, error)) {
+        ErrorBox(FormatMessage("Die Datei%n%1%nkann nicht gelesen werden:%n%2", path, error));
+        return false;
+    }
+    return ParseWholeDocument(bytes, path);
+}
+
+bool CAnlage::ParseWholeDocument(const CFileBytes& bytes, const std::string& path) {
     pugi::xml_document document;
-    pugi::xml_parse_result result = document.load_file(path.c_str(), kParseOptions, pugi::encoding_utf8);
+    pugi::xml_parse_result result =
+        document.load_buffer(bytes.Data(), bytes.Size(), kLayoutParseOptions, pugi::encoding_utf8);
     if (!result) {
-        ReportXmlParseError(result, FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
-                                                  "Der xml-Parser kann sie nicht laden und meldet folgendes:",
-                                                  path));
+        ReportXmlParseError(result, std::string_view(bytes.Data(), bytes.Size()),
+                            FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
+                                          "Der xml-Parser kann sie nicht laden und meldet folgendes:",
+                                          path));
         return false;
     }
     return ReadDocumentLevel(document) && BuildTree(document);
 }
 
+// The markup around the document element as the parser hands it over: declaration first, then
+// instructions, comments and the DOCTYPE in their order.
 bool CAnlage::ReadDocumentLevel(pugi::xml_document& document) {
+    bool beforeRoot = true;
     for (pugi::xml_node node : document.children()) {
+        std::string& outer = beforeRoot ? prolog_ : epilog_;
         switch (node.type()) {
         case pugi::node_element:
+            beforeRoot = false;
             break;
         case pugi::node_declaration:
+            outer += "<?xml";
             for (pugi::xml_attribute attribute : node.attributes())
-                declaration_.emplace_back(attribute.name(), attribute.value());
+                outer += std::string(" ") + attribute.name() + "=\"" + attribute.value() + "\"";
+            outer += "?>\n";
             break;
         case pugi::node_pi:
             AddProcInstr(node.name(), node.value());
+            outer += ProcessingInstructionText(node.name(), node.value());
+            break;
+        case pugi::node_comment:
+            outer += std::string("<!--") + node.value() + "-->";
+            break;
+        case pugi::node_doctype:
+            outer += std::string("<!DOCTYPE ") + node.value() + ">";
             break;
         default:
-            AddParseHint(FormatMessage("Unerwarteter Eintrag in .anl3 Datei!%n") +
-                         FormatMessage("Node-Typ:  %1%nNode-Text: %2",
-                                       node.type() == pugi::node_comment ? "comment" : "documenttype",
-                                       node.value()));
-            return false;
+            break;
         }
     }
+    epilog_ += "\n";
     return true;
 }
 
 bool CAnlage::BuildTree(pugi::xml_document& document) {
     pugi::xml_node element = document.document_element();
     auto root = std::make_unique<CNodeRoot>();
+    root->BeginReading();
     root->SetAnlage(this);
     root->SetName(element.name());
     root_ = std::move(root);
@@ -195,17 +235,10 @@ void CAnlage::AddProcInstr(std::string name, std::string value) {
 bool CAnlage::WriteDocument(CXmlWriter& writer) {
     if (!root_)
         return false;
-    std::string declaration = "<?xml";
-    if (declaration_.empty())
-        declaration_ = {{"version", "1.0"}, {"encoding", "UTF-8"}};
-    for (const auto& [name, value] : declaration_)
-        declaration += " " + name + "=\"" + value + "\"";
-    writer.Raw(declaration + "?>\n");
-    for (const CXmlProcInstr& instruction : procInstrs_)
-        writer.ProcessingInstruction(instruction.NodeName(), instruction.NodeValue());
+    writer.Raw(prolog_.empty() && epilog_.empty() ? "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" : prolog_);
     if (!WriteNode(writer, *root_))
         return false;
-    writer.Raw("\n");
+    writer.Raw(prolog_.empty() && epilog_.empty() ? "\n" : epilog_);
     return true;
 }
 

@@ -19,6 +19,8 @@ namespace kavrin {
 
 // One open layout: the node tree, its version record, the chapters found and what the load
 // itself changed. Loading and saving report to the user through the user-interface port.
+class CFileBytes;
+
 class CAnlage {
 public:
     CAnlage();
@@ -60,6 +62,7 @@ public:
 
 private:
     bool ParseDocument(const std::string& path);
+    bool ParseWholeDocument(const CFileBytes& bytes, const std::string& path);
     bool BuildTree(pugi::xml_document& document);
     bool ReadDocumentLevel(pugi::xml_document& document);
     void ReadFileVersion();
@@ -71,7 +74,9 @@ private:
     CAnlVersion version_;
     CChapters chapters_;
     std::vector<CXmlProcInstr> procInstrs_;
-    std::vector<std::pair<std::string, std::string>> declaration_;
+    // The file's text before and after the document element, written back as read.
+    std::string prolog_;
+    std::string epilog_;
     std::vector<int32_t> kontaktZiele_;
     bool changedWhileLoading_ = false;
     bool changed_ = false;

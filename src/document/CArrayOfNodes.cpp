@@ -41,6 +41,12 @@ std::unique_ptr<INode> CArrayOfNodes::Replace(int32_t index, std::unique_ptr<INo
     return node;
 }
 
+void CArrayOfNodes::Insert(int32_t index, std::unique_ptr<INode> node) {
+    if (index < 0 || index > Count())
+        throw CError::SubscriptOutOfRange();
+    nodes_.insert(nodes_.begin() + index, std::move(node));
+}
+
 void CArrayOfNodes::RemoveAll() {
     nodes_.clear();
     nodes_.shrink_to_fit();

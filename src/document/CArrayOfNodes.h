@@ -21,6 +21,8 @@ public:
     // Takes the node at index out of the array, keeping the order of the others.
     std::unique_ptr<INode> Remove(int32_t index);
     std::unique_ptr<INode> Replace(int32_t index, std::unique_ptr<INode> node);
+    // Puts a node in at index (0 .. Count()), moving the later ones up.
+    void Insert(int32_t index, std::unique_ptr<INode> node);
     void RemoveAll();
     void Freeze();
     int32_t UpperBound() const { return static_cast<int32_t>(nodes_.capacity()) - 1; }

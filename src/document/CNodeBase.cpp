@@ -1,6 +1,7 @@
 #include "document/CNodeBase.h"
 
 #include <pugixml.hpp>
+#include <utility>
 
 #include "core/CStringPack.h"
 #include "document/CXmlWriter.h"
@@ -50,6 +51,7 @@ bool CNodeBase::ParseSubnodes(XmlElement& element) {
 
 bool CNodeBase::CheckNode() {
     children_.Freeze();
+    reading_ = false;
     return true;
 }
 
@@ -74,11 +76,83 @@ bool CNodeBase::XmlText(CXmlWriter& writer) {
     return true;
 }
 
+std::span<const uint8_t> CNodeBase::DefaultSlots() const {
+    static const uint8_t order[] = {CChildOrder::kKept};
+    return order;
+}
+
+// Children of one slot, instances [from, to).
+bool CNodeBase::WriteSlot(CXmlWriter& writer, uint8_t slot, int from, int to) {
+    for (int i = from; i < to; ++i) {
+        bool ok = slot == CChildOrder::kKept ? WriteNode(writer, *children_.Item(i))
+                                             : WriteOwnedChild(writer, slot, i);
+        if (!ok)
+            return false;
+    }
+    return true;
+}
+
+int32_t CNodeBase::CountOf(uint8_t slot) const {
+    return slot == CChildOrder::kKept ? children_.Count() : OwnedChildCount(slot);
+}
+
 bool CNodeBase::XmlChildren(CXmlWriter& writer) {
-    for (const auto& child : children_)
-        if (!WriteNode(writer, *child))
+    if (childOrder_.Recorded())
+        return WriteInRecordedOrder(writer);
+    for (uint8_t slot : DefaultSlots())
+        if (!WriteSlot(writer, slot, 0, CountOf(slot)))
             return false;
     return true;
+}
+
+// As read; what came in later (or is left over) follows in the class's own order.
+bool CNodeBase::WriteInRecordedOrder(CXmlWriter& writer) {
+    std::span<const uint8_t> order = DefaultSlots();
+    std::vector<int> written(256, 0);
+    for (uint8_t slot : childOrder_.Entries()) {
+        int instance = written[slot];
+        if (instance >= CountOf(slot))
+            continue;
+        if (!WriteSlot(writer, slot, instance, instance + 1))
+            return false;
+        written[slot] = instance + 1;
+    }
+    for (uint8_t slot : order)
+        if (!WriteSlot(writer, slot, written[slot], CountOf(slot)))
+            return false;
+    return true;
+}
+
+void CNodeBase::NoteOwnedChild(uint8_t slot) {
+    if (reading_)
+        NoteChild(slot);
+}
+
+void CNodeBase::NoteChild(uint8_t slot) {
+    childOrder_.Note(slot, DefaultSlots(), [this](std::vector<uint8_t>& order) { ListChildren(order); });
+}
+
+// What the node holds, in the order it would write it.
+void CNodeBase::ListChildren(std::vector<uint8_t>& order) const {
+    for (uint8_t slot : DefaultSlots())
+        order.insert(order.end(), static_cast<size_t>(CountOf(slot)), slot);
+}
+
+std::unique_ptr<INode> CNodeBase::TakeChild(int32_t index, size_t* orderPlace) {
+    std::unique_ptr<INode> child = children_.Remove(index);
+    size_t place = childOrder_.Removed(CChildOrder::kKept, index);
+    if (orderPlace)
+        *orderPlace = place;
+    return child;
+}
+
+void CNodeBase::InsertChild(int32_t index, std::unique_ptr<INode> child, size_t orderPlace) {
+    child->SetParent(this);
+    children_.Insert(index, std::move(child));
+    if (orderPlace != CChildOrder::npos)
+        childOrder_.Restore(orderPlace, CChildOrder::kKept);
+    else
+        childOrder_.Inserted(CChildOrder::kKept, index);
 }
 
 bool CNodeBase::XmlClose(CXmlWriter&) {
@@ -86,6 +160,8 @@ bool CNodeBase::XmlClose(CXmlWriter&) {
 }
 
 bool CNodeBase::AddChild(std::unique_ptr<INode>& child) {
+    if (reading_)
+        NoteChild(CChildOrder::kKept);
     if (children_.UpperBound() < 0) {
         if (IsLargeCollection(Name()))
             children_.Size(500, 500);
@@ -101,6 +177,7 @@ void CNodeBase::Clear() {
         child->Clear();
     children_.RemoveAll();
     attributes_.Clear();
+    childOrder_.Clear();
 }
 
 std::string CNodeBase::CheckAttribute(std::string_view, std::string_view value) {
@@ -114,12 +191,18 @@ void CNodeBase::CopyBaseContent(const INode& source) {
     for (const CDictionary::Entry& entry : source.Attributes().Entries())
         attributes_.Add(entry.key, entry.value);
     children_.RemoveAll();
+    // What the source kept as nodes stays so in the copy, whatever the class would take.
+    bool reading = std::exchange(reading_, false);
     for (const auto& child : source.SubNodes()) {
         auto copy = CloneNode(*child);
         copy->SetParent(this);
         copy->SetAnlage(Anlage());
-        AddChild(copy);
+        CNodeBase::AddChild(copy);
     }
+    reading_ = reading;
+    writtenAsPair_ = source.WrittenAsPair();
+    if (const auto* base = dynamic_cast<const CNodeBase*>(&source))
+        childOrder_.CopyFrom(base->childOrder_);
 }
 
 bool CNodeBase::NoSubnodesAccepted() {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <span>
+
 #include "core/CDictionary.h"
 #include "document/CArrayOfNodes.h"
+#include "document/CChildOrder.h"
 #include "document/INode.h"
 
 namespace kavrin {
@@ -48,17 +51,50 @@ public:
 
     const char* ClassName() const override { return "INode"; }
 
+    bool TakeElement(const XmlElement&) override { return false; }
+    std::string_view RawMarkup() const override { return {}; }
+    bool WrittenAsPair() const override { return writtenAsPair_; }
+    void SetWrittenAsPair(bool value) override { writtenAsPair_ = value; }
+
     // Copies attributes, text and (cloned) kept children of another node into this one.
     void CopyBaseContent(const INode& source);
 
+    // The node is being read from a file: the order of its children is noted until its check.
+    void BeginReading() { reading_ = true; }
+    // Kept children taken out and put in at a place; a recorded order follows, and the place
+    // TakeChild gives back puts the child back exactly where it stood.
+    std::unique_ptr<INode> TakeChild(int32_t index, size_t* orderPlace = nullptr);
+    void InsertChild(int32_t index, std::unique_ptr<INode> child, size_t orderPlace = CChildOrder::npos);
+    CChildOrder& ChildOrder() { return childOrder_; }
+    const CChildOrder& ChildOrder() const { return childOrder_; }
+
 protected:
+    // The order in which the class writes its children by itself when the file told nothing
+    // else: slots of its own and CChildOrder::kKept for the children kept as nodes.
+    virtual std::span<const uint8_t> DefaultSlots() const;
+    // How many children of a slot the node holds now, and writing the instance-th of them.
+    virtual int OwnedChildCount(uint8_t) const { return 0; }
+    virtual bool WriteOwnedChild(CXmlWriter&, uint8_t, int) { return true; }
+    // A child of one of the class's own order was read; called before the class stores it.
+    void NoteOwnedChild(uint8_t slot);
+    bool Reading() const { return reading_; }
+
     // For classes that take no children: a hint and false when some arrived nevertheless.
     bool NoSubnodesAccepted();
     // Procedure name for error reports: class name, a point, the member.
     std::string Proc(std::string_view member) const;
 
 private:
+    void NoteChild(uint8_t slot);
+    int32_t CountOf(uint8_t slot) const;
+    void ListChildren(std::vector<uint8_t>& order) const;
+    bool WriteInRecordedOrder(CXmlWriter& writer);
+    bool WriteSlot(CXmlWriter& writer, uint8_t slot, int from, int to);
+
     int16_t nameIndex_ = 0;
+    bool writtenAsPair_ = false;
+    bool reading_ = false;
+    CChildOrder childOrder_;
     std::string text_;
     INode* parent_ = nullptr;
     CAnlage* anlage_ = nullptr;

@@ -63,13 +63,17 @@ void CXmlWriter::EndElement() {
 
 void CXmlWriter::ProcessingInstruction(std::string_view name, std::string_view value) {
     CloseStartTag();
-    buffer_ += "<?";
-    buffer_.append(name);
+    buffer_ += ProcessingInstructionText(name, value);
+}
+
+std::string ProcessingInstructionText(std::string_view name, std::string_view value) {
+    std::string text = "<?";
+    text.append(name);
     if (!value.empty()) {
-        buffer_ += ' ';
-        buffer_.append(value);
+        text += ' ';
+        text.append(value);
     }
-    buffer_ += "?>";
+    return text + "?>";
 }
 
 void CXmlWriter::CloseStartTag() {

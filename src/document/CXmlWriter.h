@@ -21,6 +21,8 @@ public:
     void Text(std::string_view text);
     void EndElement();
     void ProcessingInstruction(std::string_view name, std::string_view value);
+    // Ends the open start tag, so that an element without content is closed as "<X></X>".
+    void EndStartTag() { CloseStartTag(); }
 
     // Writes out what is buffered; throws a file-access error when the file refuses it.
     void Flush();
@@ -37,5 +39,8 @@ private:
     std::string stack_; // names of open elements, separated by '\0'
     bool startTagOpen_ = false;
 };
+
+// "<?name value?>" (no blank when there is no value).
+std::string ProcessingInstructionText(std::string_view name, std::string_view value);
 
 } // namespace kavrin

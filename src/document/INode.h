@@ -62,6 +62,16 @@ public:
 
     // Class name used in error reports ("CNodeGleis").
     virtual const char* ClassName() const = 0;
+
+    // Offered each child element before a node is made of it: a class that keeps such an
+    // element in a compact form of its own reads it here and answers true.
+    virtual bool TakeElement(const XmlElement& element) = 0;
+    // Markup that is written exactly as read instead of as an element (a processing
+    // instruction); empty for every element.
+    virtual std::string_view RawMarkup() const = 0;
+    // An empty element that the file wrote as "<X></X>" is written back so.
+    virtual bool WrittenAsPair() const = 0;
+    virtual void SetWrittenAsPair(bool value) = 0;
 };
 
 // Place holder kept in the attribute store for a value the class owns.

@@ -7,7 +7,9 @@
 #include "core/IUserInterface.h"
 #include "document/CAnlage.h"
 #include "document/CNodeFactory.h"
+#include "document/CNodeRaw.h"
 #include "document/CNodeUnknown.h"
+#include "document/CParseSource.h"
 #include "document/CXmlWriter.h"
 #include "document/FParseLog.h"
 #include "document/ICopy.h"
@@ -17,11 +19,6 @@ namespace kavrin {
 namespace {
 
 thread_local int gDepth = 0;
-
-struct DepthGuard {
-    DepthGuard() { ++gDepth; }
-    ~DepthGuard() { --gDepth; }
-};
 
 // The node kind as an XML DOM names it.
 const char* NodeKindName(pugi::xml_node_type type) {
@@ -47,9 +44,19 @@ bool ReportUnexpectedEntry(const pugi::xml_node& node) {
     return false;
 }
 
+// The layout records every instruction; the instruction itself stays where it stood.
 bool HandleProcessingInstruction(INode& parent, const pugi::xml_node& node) {
     if (CAnlage* anlage = parent.Anlage())
         anlage->AddProcInstr(node.name(), node.value());
+    std::string_view raw;
+    if (const CParseSource* source = CParseSource::Current())
+        raw = source->RawInstruction(node);
+    std::string markup =
+        raw.empty() ? ProcessingInstructionText(node.name(), node.value()) : std::string(raw);
+    auto kept = std::make_unique<CNodeRaw>(std::move(markup));
+    kept->SetName(std::string("?") + node.name());
+    kept->SetAnlage(parent.Anlage());
+    AppendChild(parent, std::move(kept));
     return true;
 }
 
@@ -83,25 +90,43 @@ bool ParseChildren(INode& parent, XmlElement& element) {
     return true;
 }
 
-bool ParseChildElement(INode& parent, XmlElement& element) {
-    if (gDepth >= kMaxNestingDepth) {
-        AddParseHint(FormatMessage("Die Elemente der Datei sind tiefer als %1 Ebenen verschachtelt;%n"
-                                   "so ist keine Anlage aufgebaut. '%2' wird nicht mehr gelesen.",
-                                   kMaxNestingDepth, element.name()));
-        return false;
-    }
-    DepthGuard depth;
+NestingLevel::NestingLevel() {
+    ++gDepth;
+}
+
+NestingLevel::~NestingLevel() {
+    --gDepth;
+}
+
+bool NestingLevel::Allowed(const char* elementName) {
+    if (gDepth < kMaxNestingDepth)
+        return true;
+    AddParseHint(FormatMessage("Die Elemente der Datei sind tiefer als %1 Ebenen verschachtelt;%n"
+                               "so ist keine Anlage aufgebaut. '%2' wird nicht mehr gelesen.",
+                               kMaxNestingDepth, elementName));
+    return false;
+}
+
+std::unique_ptr<INode> StartChildNode(INode& parent, const XmlElement& element) {
     int16_t nameIndex = ElementNames().PutString(element.name());
     std::unique_ptr<INode> node = CNodeFactory::Create(nameIndex, parent.Name());
     node->SetParent(&parent);
     node->SetAnlage(parent.Anlage());
-    if (auto* base = dynamic_cast<CNodeBase*>(node.get()))
+    if (auto* base = dynamic_cast<CNodeBase*>(node.get())) {
         base->SetNameIndex(nameIndex);
-    else
+        base->BeginReading();
+    } else {
         node->SetName(element.name());
+    }
+    if (!element.first_child())
+        if (const CParseSource* source = CParseSource::Current(); source && source->WrittenAsPair(element))
+            node->SetWrittenAsPair(true);
     if (!node->ParseAttributes(element))
-        return false;
-    bool ok = node->ParseSubnodes(element);
+        return nullptr;
+    return node;
+}
+
+bool FinishChildNode(INode& parent, std::unique_ptr<INode> node, bool ok) {
     INode* added = node.get();
     // The parent may keep the node or only read it; in the latter case it dies with `node`.
     // A parent that cannot take the child (an unreadable value in it) fails the element.
@@ -111,12 +136,29 @@ bool ParseChildElement(INode& parent, XmlElement& element) {
     return ok;
 }
 
+bool ParseChildElement(INode& parent, XmlElement& element) {
+    if (!NestingLevel::Allowed(element.name()))
+        return false;
+    NestingLevel level;
+    if (parent.TakeElement(element))
+        return true;
+    std::unique_ptr<INode> node = StartChildNode(parent, element);
+    if (!node)
+        return false;
+    bool ok = node->ParseSubnodes(element);
+    return FinishChildNode(parent, std::move(node), ok);
+}
+
 void AppendChild(INode& parent, std::unique_ptr<INode> child) {
     child->SetParent(&parent);
     parent.AddChild(child);
 }
 
 bool WriteNode(CXmlWriter& writer, INode& node) {
+    if (std::string_view raw = node.RawMarkup(); !raw.empty()) {
+        writer.Raw(raw);
+        return true;
+    }
     writer.StartElement(node.Name());
     bool ok = node.XmlAttributes(writer);
     if (ok)
@@ -125,6 +167,8 @@ bool WriteNode(CXmlWriter& writer, INode& node) {
         ok = node.XmlChildren(writer);
     if (ok)
         ok = node.XmlClose(writer);
+    if (node.WrittenAsPair())
+        writer.EndStartTag();
     writer.EndElement();
     return ok;
 }
@@ -143,6 +187,29 @@ void ForEachNode(const INode& node, const std::function<void(const INode&, int d
         for (int32_t i = children.LastIndex(); i >= 0; --i)
             stack.push_back({children.Item(i), current.depth + 1});
     }
+}
+
+namespace {
+void WriteDomElement(CXmlWriter& writer, const pugi::xml_node& element) {
+    writer.StartElement(element.name());
+    for (pugi::xml_attribute attribute : element.attributes())
+        writer.Attribute(attribute.name(), attribute.value());
+    for (pugi::xml_node child : element.children()) {
+        if (child.type() == pugi::node_element)
+            WriteDomElement(writer, child);
+        else if (child.type() == pugi::node_pcdata)
+            writer.Text(child.value());
+        else if (child.type() == pugi::node_pi)
+            writer.ProcessingInstruction(child.name(), child.value());
+    }
+    writer.EndElement();
+}
+} // namespace
+
+std::string MarkupOf(const XmlElement& element) {
+    CXmlWriter writer;
+    WriteDomElement(writer, element);
+    return writer.Result();
 }
 
 std::unique_ptr<INode> CloneNode(const INode& node) {

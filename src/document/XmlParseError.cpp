@@ -1,11 +1,25 @@
 #include "document/XmlParseError.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <pugixml.hpp>
 
 #include "core/modTools.h"
 
 namespace kavrin {
+
+const unsigned kLayoutParseOptions = (pugi::parse_default & ~pugi::parse_wconv_attribute & ~pugi::parse_eol) |
+                                     pugi::parse_comments | pugi::parse_pi | pugi::parse_declaration |
+                                     pugi::parse_doctype | pugi::parse_ws_pcdata_single;
+
+size_t CharacterCount(std::string_view text, size_t bytes) {
+    bytes = std::min(bytes, text.size());
+    size_t characters = 0;
+    for (size_t i = 0; i < bytes; ++i)
+        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80)
+            ++characters;
+    return characters;
+}
 
 std::string XmlParseReason(int status) {
     switch (status) {
@@ -48,18 +62,19 @@ std::string XmlParseReason(int status) {
     }
 }
 
-std::string XmlParseErrorText(const pugi::xml_parse_result& result) {
+std::string XmlParseErrorText(const pugi::xml_parse_result& result, std::string_view text) {
     char hex[16];
     std::snprintf(hex, sizeof hex, "%X", static_cast<unsigned>(result.status));
     return FormatMessage(
         "Der Fehler entsteht in der Nähe des %1. Zeichen in der Datei.%mFehlercode: %2  (0x%3)%n"
         "Fehlertext: %4",
-        static_cast<long long>(result.offset) + 1, static_cast<int>(result.status), hex,
-        XmlParseReason(result.status));
+        static_cast<long long>(CharacterCount(text, static_cast<size_t>(result.offset))) + 1,
+        static_cast<int>(result.status), hex, XmlParseReason(result.status));
 }
 
-void ReportXmlParseError(const pugi::xml_parse_result& result, const std::string& heading) {
-    ErrorBox(FormatMessage("%1%m%2", heading, XmlParseErrorText(result)));
+void ReportXmlParseError(const pugi::xml_parse_result& result, std::string_view text,
+                         const std::string& heading) {
+    ErrorBox(FormatMessage("%1%m%2", heading, XmlParseErrorText(result, text)));
 }
 
 } // namespace kavrin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "nodes/CVector.h"
@@ -9,15 +10,16 @@ namespace kavrin {
 class CNodeDreibein;
 
 // The placement frame of an object: position and the three direction vectors. The vectors are
-// shared objects, so a frame can alias the one stored in a "Dreibein" element (grab3Bein).
+// shared, so a frame can alias the one stored in a "Dreibein" element (grab3Bein); they are made
+// on first use, as most frames take a read element's vectors right away.
 class C3Bein {
 public:
-    C3Bein();
+    C3Bein() = default;
 
-    CVector& Pos() const { return *pos_; }
-    CVector& Dir() const { return *dir_; }
-    CVector& Nor() const { return *nor_; }
-    CVector& Bin() const { return *bin_; }
+    CVector& Pos() const { return Vectors()[0]; }
+    CVector& Dir() const { return Vectors()[1]; }
+    CVector& Nor() const { return Vectors()[2]; }
+    CVector& Bin() const { return Vectors()[3]; }
 
     // Makes this frame use the very vector objects of the element's frame.
     void grab3Bein(CNodeDreibein& node);
@@ -29,10 +31,10 @@ public:
     void Copy(const C3Bein& source);
 
 private:
-    std::shared_ptr<CVector> pos_;
-    std::shared_ptr<CVector> dir_;
-    std::shared_ptr<CVector> nor_;
-    std::shared_ptr<CVector> bin_;
+    using Block = std::array<CVector, 4>;
+    Block& Vectors() const;
+
+    mutable std::shared_ptr<Block> vectors_;
 };
 
 } // namespace kavrin

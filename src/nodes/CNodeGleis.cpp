@@ -1,9 +1,11 @@
 #include "nodes/CNodeGleis.h"
 
 #include <cmath>
+#include <pugixml.hpp>
 
 #include "core/CStringPack.h"
 #include "document/CAnlage.h"
+#include "document/CParseSource.h"
 #include "document/CXmlWriter.h"
 #include "document/NodeAttributes.h"
 #include "nodes/CNodeAnfFuehrVerdrehung.h"
@@ -65,65 +67,150 @@ Variant CNodeGleis::XmlAttr(std::string_view name) const {
     return {};
 }
 
+namespace {
+enum Slot : uint8_t {
+    kTargetSlot = 1,
+    kDreibeinSlot,
+    kAnfSlot,
+    kCharakteristikSlot,
+    kFrameSlot,
+    kIntervalSlot,
+    kCurveSlot,
+    kTwistSlot,
+};
+
+CTrackCurve::Part PartOf(uint8_t slot) {
+    return static_cast<CTrackCurve::Part>(slot - kFrameSlot);
+}
+} // namespace
+
+std::span<const uint8_t> CNodeGleis::DefaultSlots() const {
+    static const uint8_t order[] = {kTargetSlot,   kDreibeinSlot, kAnfSlot,   kCharakteristikSlot, kFrameSlot,
+                                    kIntervalSlot, kCurveSlot,    kTwistSlot, CChildOrder::kKept};
+    return order;
+}
+
+int CNodeGleis::OwnedChildCount(uint8_t slot) const {
+    switch (slot) {
+    case kTargetSlot:
+        return kontaktZiel_ != -1 ? 1 : 0;
+    case kDreibeinSlot:
+        return frame_.Present() ? 1 : 0;
+    case kAnfSlot:
+        return hasAnf_ ? 1 : 0;
+    case kCharakteristikSlot:
+        return hasCharakteristik_ ? 1 : 0;
+    case kFrameSlot:
+    case kIntervalSlot:
+    case kCurveSlot:
+    case kTwistSlot:
+        return curve_ && curve_->Has(PartOf(slot)) ? 1 : 0;
+    default:
+        return 0;
+    }
+}
+
+bool CNodeGleis::WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int) {
+    switch (slot) {
+    case kTargetSlot:
+        WriteKontaktZiel(writer, kontaktZiel_);
+        return true;
+    case kDreibeinSlot:
+        return frame_.Write(writer);
+    case kAnfSlot:
+        WriteAnfFuehrVerdrehung(writer);
+        return true;
+    case kCharakteristikSlot:
+        WriteCharakteristik(writer);
+        return true;
+    default:
+        curve_->Write(writer, PartOf(slot));
+        return true;
+    }
+}
+
 bool CNodeGleis::AddChild(std::unique_ptr<INode>& child) {
     try {
-        if (ConsumeChild(*child))
+        if (ConsumeChild(child))
             return true;
     } catch (...) {
         ReportCurrentError(Proc("INode_AddChild"));
         return false;
     }
+    if (curve_ && child->Name() == "Frame" && !keptFrame_)
+        keptFrame_ = child.get();
     return CNodeBase::AddChild(child);
 }
 
+// The newer format's elements are read straight from the file, without nodes being made of them.
+// A frame with more in it than the curve holds stays a node, but its numbers are read.
+bool CNodeGleis::TakeElement(const XmlElement& element) {
+    std::optional<CTrackCurve::Part> part = CTrackCurve::PartOf(element.name());
+    if (!part)
+        return false;
+    CTrackCurve& curve = NewFormat();
+    if (!curve.Accepts(element)) {
+        if (*part == CTrackCurve::Part::Frame && !curve.HasFrameNumbers())
+            curve.ReadFrameNumbers(element);
+        return false;
+    }
+    std::string_view raw;
+    if (const CParseSource* source = CParseSource::Current())
+        raw = source->Raw(element);
+    NoteOwnedChild(static_cast<uint8_t>(kFrameSlot + static_cast<uint8_t>(*part)));
+    curve.Take(element, raw);
+    ForgetGeometry();
+    return true;
+}
+
+CTrackCurve& CNodeGleis::NewFormat() {
+    if (!curve_)
+        curve_ = std::make_unique<CTrackCurve>();
+    return *curve_;
+}
+
 // Reads the children whose values the track keeps itself; they are not kept as nodes.
-bool CNodeGleis::ConsumeChild(INode& child) {
-    const std::string& name = child.Name();
-    if (name == "KontaktZiel") {
-        kontaktZiel_ = TextToLong(child.Text());
-        if (kontaktZiel_ >= 1 && Anlage())
-            Anlage()->RegisterKontaktziel(kontaktZiel_);
+bool CNodeGleis::ConsumeChild(std::unique_ptr<INode>& child) {
+    const std::string& name = child->Name();
+    if (name == "KontaktZiel")
+        return TakeKontaktZiel(*child);
+    if (frame_.Offer(child, [this] { NoteOwnedChild(kDreibeinSlot); }))
         return true;
-    }
-    if (auto* dreibein = dynamic_cast<CNodeDreibein*>(&child); dreibein && name == "Dreibein") {
-        frame_.grab3Bein(*dreibein);
-        classicGeometry_ = true;
-        return true;
-    }
-    if (auto* charakteristik = dynamic_cast<CNodeCharakteristik*>(&child);
-        charakteristik && name == "Charakteristik") {
+    if (child->SubNodes().Count() > 0)
+        return false;
+    if (auto* charakteristik = dynamic_cast<CNodeCharakteristik*>(child.get());
+        charakteristik && name == "Charakteristik" && !hasCharakteristik_) {
+        NoteOwnedChild(kCharakteristikSlot);
         kruemmung_ = charakteristik->Kruemmung();
         torsion_ = charakteristik->Torsion();
         fVerdreh_ = charakteristik->Fuehrungsverdrehung();
         laenge_ = charakteristik->Laenge();
         charakteristikAttributes_ = charakteristik->Attributes();
-        classicGeometry_ = true;
+        hasCharakteristik_ = true;
         return true;
     }
-    if (auto* anf = dynamic_cast<CNodeAnfFuehrVerdrehung*>(&child);
-        anf && name == "Anfangsfuehrungsverdrehung") {
+    if (auto* anf = dynamic_cast<CNodeAnfFuehrVerdrehung*>(child.get());
+        anf && name == "Anfangsfuehrungsverdrehung" && !hasAnf_) {
+        NoteOwnedChild(kAnfSlot);
         anfFuehrVerdrehung_ = anf->Wert();
         anfFuehrAttributes_ = anf->Attributes();
-        classicGeometry_ = true;
+        hasAnf_ = true;
         return true;
     }
     return false;
 }
 
-bool CNodeGleis::XmlChildren(CXmlWriter& writer) {
-    if (kontaktZiel_ != -1) {
-        writer.StartElement("KontaktZiel");
-        writer.Text(std::to_string(kontaktZiel_));
-        writer.EndElement();
-    }
-    // A track of the newer format has its geometry in kept children and gains nothing here.
-    if (classicGeometry_) {
-        if (!WriteDreibein(writer, frame_))
-            return false;
-        WriteAnfFuehrVerdrehung(writer);
-        WriteCharakteristik(writer);
-    }
-    return CNodeBase::XmlChildren(writer);
+// Only a plain target (text only, the first one) is consumed; anything else is kept as read.
+bool CNodeGleis::TakeKontaktZiel(const INode& child) {
+    if (kontaktZielRead_ || !child.Attributes().Empty() || child.SubNodes().Count() != 0)
+        return false;
+    int32_t target = TextToLong(child.Text());
+    NoteOwnedChild(kTargetSlot);
+    kontaktZiel_ = target;
+    kontaktZielRead_ = true;
+    if (kontaktZiel_ >= 1 && Anlage())
+        Anlage()->RegisterKontaktziel(kontaktZiel_);
+    return true;
 }
 
 namespace {
@@ -176,7 +263,13 @@ void CNodeGleis::Copy(const INode& source) {
     const auto* track = dynamic_cast<const CNodeGleis*>(&source);
     if (!track)
         return;
-    frame_.Copy(track->frame_);
+    frame_.CopyFrom(track->frame_, this);
+    curve_ = track->curve_ ? std::make_unique<CTrackCurve>(*track->curve_) : nullptr;
+    keptFrame_ = nullptr;
+    if (curve_)
+        for (const auto& child : SubNodes())
+            if (child->Name() == "Frame" && !keptFrame_)
+                keptFrame_ = child.get();
     id_ = track->id_;
     gleisSysId_ = track->gleisSysId_;
     clsIdIndex_ = track->clsIdIndex_;
@@ -186,13 +279,15 @@ void CNodeGleis::Copy(const INode& source) {
     keyId_ = track->keyId_;
     signalData_ = track->signalData_;
     kontaktZiel_ = track->kontaktZiel_;
+    kontaktZielRead_ = track->kontaktZielRead_;
     kruemmung_ = track->kruemmung_;
     torsion_ = track->torsion_;
     fVerdreh_ = track->fVerdreh_;
     laenge_ = track->laenge_;
-    ForgetAnchor();
+    ForgetGeometry();
     anfFuehrVerdrehung_ = track->anfFuehrVerdrehung_;
-    classicGeometry_ = track->classicGeometry_;
+    hasAnf_ = track->hasAnf_;
+    hasCharakteristik_ = track->hasCharakteristik_;
     charakteristikAttributes_ = track->charakteristikAttributes_;
     anfFuehrAttributes_ = track->anfFuehrAttributes_;
     // Connections belong to the network the original sits in; a copy starts unconnected.
@@ -233,47 +328,71 @@ void CNodeGleis::SetAnschluss(int16_t end, int16_t otherEnd) {
 void CNodeGleis::Disconnect(int16_t end) {
     SetVerbindung(end, 0);
     SetAnschluss(end, 0);
-    if (connectionExtras_)
-        (*connectionExtras_)[static_cast<size_t>(CheckedEnd(end))].clear();
-}
-
-const CNodeGleis::ExtraAttributes* CNodeGleis::ConnectionExtras(int16_t end) const {
-    if (!connectionExtras_)
-        return nullptr;
-    const ExtraAttributes& extras = (*connectionExtras_)[static_cast<size_t>(CheckedEnd(end))];
-    return extras.empty() ? nullptr : &extras;
-}
-
-void CNodeGleis::SetConnectionExtras(int16_t end, ExtraAttributes extras) {
-    if (!connectionExtras_) {
-        if (extras.empty())
-            return;
-        connectionExtras_ = std::make_unique<std::array<ExtraAttributes, 4>>();
-    }
-    (*connectionExtras_)[static_cast<size_t>(CheckedEnd(end))] = std::move(extras);
 }
 
 double CNodeGleis::Laenge() const {
     double length = laenge_;
-    if (!classicGeometry_)
+    if (curve_)
         Anchor(length);
     return length;
 }
 
-void CNodeGleis::MovePos(double dx, double dy) {
-    frame_.Move(dx, dy, 0);
-    ForgetAnchor();
+void CNodeGleis::MovePos(double dx, double dy, double dz) {
+    if (curve_) {
+        curve_->Move(dx, dy, dz);
+        UpdateKeptFrame();
+    } else {
+        DreiBein().Move(dx, dy, dz);
+    }
+    ForgetGeometry();
 }
 
 void CNodeGleis::Rotate(double angle, double cx, double cy) {
-    frame_.Rotate(angle, cx, cy);
-    ForgetAnchor();
+    if (curve_) {
+        curve_->Rotate(angle, cx, cy);
+        UpdateKeptFrame();
+    } else {
+        DreiBein().Rotate(angle, cx, cy);
+    }
+    ForgetGeometry();
+}
+
+namespace {
+void SetCoordinates(INode& element, const char* const names[3], const CVector& v) {
+    SetAttributeText(element, names[0], NumberToText(v.X));
+    SetAttributeText(element, names[1], NumberToText(v.Y));
+    SetAttributeText(element, names[2], NumberToText(v.Z));
+}
+} // namespace
+
+// The first Position and the three Vectors after it carry the frame's numbers, as they were read.
+void CNodeGleis::UpdateKeptFrame() {
+    if (!keptFrame_)
+        return;
+    static const char* const position[] = {"x", "y", "z"};
+    static const char* const vector[] = {"dx", "dy", "dz"};
+    const CTrackCurve::Frame& frame = curve_->GetFrame();
+    int index = 0;
+    for (const auto& child : keptFrame_->SubNodes()) {
+        const std::string& name = child->Name();
+        if (index == 0 && name == "Position")
+            SetCoordinates(*child, position, frame.position);
+        else if (index > 0 && index < 4 && name == "Vector")
+            SetCoordinates(*child, vector, frame.axes[static_cast<size_t>(index - 1)]);
+        else
+            continue;
+        ++index;
+    }
+}
+
+void CNodeGleis::ForgetGeometry() {
+    anchorLength_ = -1;
 }
 
 CVector CNodeGleis::Anchor(double& length) const {
-    if (classicGeometry_) {
+    if (!curve_) {
         length = laenge_;
-        return frame_.Pos();
+        return DreiBein().Pos();
     }
     if (anchorLength_ < 0) {
         CTrackGeometry geometry(*this);
@@ -319,7 +438,7 @@ bool CNodeGleis::Paint(CPaintTarget& target) {
     // case of a large layout is drawn without building the geometry.
     bool straight = !IsNewFormat() && std::fabs(kruemmung_) < 1e-10;
     if (straight)
-        DrawStraightTrack(target, frame_.Pos(), frame_.Dir(), length, Selected());
+        DrawStraightTrack(target, DreiBein().Pos(), DreiBein().Dir(), length, Selected());
     if (straight && !target.WithNames && !target.WithSignals)
         return PaintEpilogue(true);
     CTrackGeometry geometry(*this);

@@ -10,6 +10,8 @@
 #include "document/CNodeBase.h"
 #include "document/ICopy.h"
 #include "nodes/C3Bein.h"
+#include "nodes/CObjectFrame.h"
+#include "nodes/CTrackCurve.h"
 #include "plan/CPaintState.h"
 
 namespace kavrin {
@@ -23,8 +25,8 @@ enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzwe
 
 // "Gleis" inside a "Gleissystem": one track piece with its ids, characteristic, frame and the
 // connections at its (up to four) ends. Classic tracks carry Dreibein, Anfangsfuehrungsverdrehung
-// and Charakteristik; tracks of the newer format carry Frame, Interval, Curve and Twist instead,
-// which are kept as read.
+// and Charakteristik; tracks of the newer format carry Frame, Interval, Curve and Twist instead
+// (CTrackCurve). Children are written back in the order read.
 class CNodeGleis final : public CPaintState, public CNodeBase, public ICopy {
 public:
     CNodeGleis();
@@ -34,7 +36,7 @@ public:
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
-    bool XmlChildren(CXmlWriter& writer) override;
+    bool TakeElement(const XmlElement& element) override;
 
     std::unique_ptr<INode> Clone() const override;
     void Copy(const INode& source) override;
@@ -63,10 +65,6 @@ public:
     int16_t Anschluss(int16_t end) const;
     void SetAnschluss(int16_t end, int16_t otherEnd);
     void Disconnect(int16_t end);
-    // Attributes a connection carried beyond ids and ends ("Flags"); they travel with it.
-    using ExtraAttributes = std::vector<std::pair<std::string, std::string>>;
-    const ExtraAttributes* ConnectionExtras(int16_t end) const;
-    void SetConnectionExtras(int16_t end, ExtraAttributes extras);
 
     double Kruemmung() const { return kruemmung_; }
     double Torsion() const { return torsion_; }
@@ -75,12 +73,16 @@ public:
     // Length in cm; for the newer format taken from the curve's interval.
     double Laenge() const;
 
-    C3Bein& DreiBein() { return frame_; }
-    const C3Bein& DreiBein() const { return frame_; }
-    void MovePos(double dx, double dy);
+    // The classic frame ("Dreibein").
+    C3Bein& DreiBein() { return frame_.DreiBein(); }
+    const C3Bein& DreiBein() const { return frame_.DreiBein(); }
+    // The newer format's children; nullptr for a classic track.
+    const CTrackCurve* Curve() const { return curve_.get(); }
+    // Moves the track through the frame it is drawn and saved with (either format).
+    void MovePos(double dx, double dy, double dz = 0);
 
-    // True for a track read in the newer format (no classic geometry children).
-    bool IsNewFormat() const { return !classicGeometry_; }
+    // True for a track read in the newer format.
+    bool IsNewFormat() const { return curve_ != nullptr; }
     bool IsSwitch() const; // switch or three-way switch
     bool IsBufferStop() const;
 
@@ -102,14 +104,23 @@ public:
     // Hides the signals and contacts of the track (WithSignals off).
     void HideTrackMarks();
 
+protected:
+    std::span<const uint8_t> DefaultSlots() const override;
+    int OwnedChildCount(uint8_t slot) const override;
+    bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
+
 private:
-    bool ConsumeChild(INode& child);
+    bool ConsumeChild(std::unique_ptr<INode>& child);
+    bool TakeKontaktZiel(const INode& child);
+    CTrackCurve& NewFormat();
+    // A frame the curve could not take stays a node; its numbers follow the track's.
+    void UpdateKeptFrame();
+    void ForgetGeometry();
     void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);
     void PaintName(CPaintTarget& target, const CTrackGeometry& geometry) const;
     // Start point and length without building the whole geometry: the frame for classic
     // tracks, a cached value for the newer format, whose geometry takes reading elements.
     CVector Anchor(double& length) const;
-    void ForgetAnchor() const { anchorLength_ = -1; }
     void WriteCharakteristik(CXmlWriter& writer) const;
     void WriteAnfFuehrVerdrehung(CXmlWriter& writer) const;
     int16_t CheckedEnd(int16_t end) const;
@@ -123,6 +134,7 @@ private:
     int32_t keyId_ = 0;
     int32_t signalData_ = 0;
     int32_t kontaktZiel_ = -1;
+    bool kontaktZielRead_ = false;
     std::array<int32_t, 4> verbindung_{};
     std::array<int16_t, 4> anschluss_{};
     double kruemmung_ = 0;
@@ -130,12 +142,14 @@ private:
     double fVerdreh_ = 0;
     double laenge_ = 0;
     double anfFuehrVerdrehung_ = 0;
-    bool classicGeometry_ = false;
-    C3Bein frame_;
+    bool hasAnf_ = false;
+    bool hasCharakteristik_ = false;
+    CObjectFrame frame_;
+    std::unique_ptr<CTrackCurve> curve_;
+    INode* keptFrame_ = nullptr;
     CNodeKollektor* kollektor_ = nullptr;
     mutable CVector anchorStart_;
     mutable double anchorLength_ = -1;
-    std::unique_ptr<std::array<ExtraAttributes, 4>> connectionExtras_;
     // Attribute lists of the consumed characteristic elements, so their order and any
     // attributes beyond the known ones are written back as read.
     CDictionary charakteristikAttributes_;

@@ -1,14 +1,20 @@
 #include "nodes/CNodeGleisSys.h"
 
+#include <algorithm>
+#include <unordered_set>
+
 #include "document/CAnlage.h"
 #include "document/CXmlWriter.h"
 #include "document/NodeAttributes.h"
-#include "nodes/CNodeDreibein.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisverbindung.h"
-#include "nodes/modNodes.h"
 
 namespace kavrin {
+
+namespace {
+constexpr uint8_t kFrameSlot = 1;
+constexpr uint8_t kConnectionSlot = 2;
+} // namespace
 
 std::string CNodeGleisSys::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "GleissystemID")
@@ -26,15 +32,29 @@ int16_t CNodeGleisSys::Number() const {
     return number.empty() ? id_ : static_cast<int16_t>(TextToNumber(number));
 }
 
+std::span<const uint8_t> CNodeGleisSys::DefaultSlots() const {
+    static const uint8_t order[] = {kFrameSlot, CChildOrder::kKept, kConnectionSlot};
+    return order;
+}
+
+int CNodeGleisSys::OwnedChildCount(uint8_t slot) const {
+    if (slot == kConnectionSlot)
+        return static_cast<int>(verbindungen_.size());
+    return slot == kFrameSlot && frame_.Present() ? 1 : 0;
+}
+
+bool CNodeGleisSys::WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) {
+    if (slot == kFrameSlot)
+        return frame_.Write(writer);
+    verbindungen_[static_cast<size_t>(instance)].Write(writer);
+    return true;
+}
+
 bool CNodeGleisSys::AddChild(std::unique_ptr<INode>& child) {
-    const std::string& name = child->Name();
-    if (auto* dreibein = dynamic_cast<CNodeDreibein*>(child.get()); dreibein && name == "Dreibein") {
-        frame_.grab3Bein(*dreibein);
-        hasFrame_ = true;
+    if (frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }))
         return true;
-    }
     if (auto* connection = dynamic_cast<CNodeGleisverbindung*>(child.get()))
-        return ApplyConnection(*connection);
+        return TakeConnection(*connection);
     if (auto* track = dynamic_cast<CNodeGleis*>(child.get())) {
         track->SetGleisSysID(id_);
         gleise_.Add(track);
@@ -42,62 +62,121 @@ bool CNodeGleisSys::AddChild(std::unique_ptr<INode>& child) {
     return CNodeBase::AddChild(child);
 }
 
-// The tracks must have been read before their connections, as the simulator writes them.
-bool CNodeGleisSys::ApplyConnection(CNodeGleisverbindung& connection) {
-    if (!connection.CheckNode())
-        return false;
-    CNodeGleis* a = gleise_.Find(connection.GleisID1());
-    CNodeGleis* b = gleise_.Find(connection.GleisID2());
-    if (!a || !b) {
-        // Nothing can hold a connection to a track that is not there: it is dropped, and the
-        // document counts as changed so that the user sees the repair.
+// The tracks must have been read before their connections, as the simulator writes them. A
+// record that cannot be a connection is dropped, and the layout counts as changed, so that the
+// user sees the repair.
+bool CNodeGleisSys::TakeConnection(CNodeGleisverbindung& connection) {
+    bool complete = connection.IsComplete();
+    if (complete && (!gleise_.Find(connection.GleisID1()) || !gleise_.Find(connection.GleisID2()))) {
         AddParseHint(FormatMessage("Gleisverbindung von Gleis %1 zu Gleis %2 im Gleissystem %3 verworfen:%n"
                                    "eines der beiden Gleise gibt es nicht.",
                                    connection.GleisID1(), connection.GleisID2(), id_));
+        complete = false;
+    }
+    if (!complete) {
         if (Anlage())
             Anlage()->SetChangedWhileLoading();
         return true;
     }
-    a->SetVerbindung(connection.Anschluss1(), connection.GleisID2());
-    a->SetAnschluss(connection.Anschluss1(), connection.Anschluss2());
-    b->SetVerbindung(connection.Anschluss2(), connection.GleisID1());
-    b->SetAnschluss(connection.Anschluss2(), connection.Anschluss1());
-    auto extras = connection.ExtraAttributes();
-    a->SetConnectionExtras(connection.Anschluss1(), extras);
-    b->SetConnectionExtras(connection.Anschluss2(), std::move(extras));
+    NoteOwnedChild(kConnectionSlot);
+    verbindungen_.push_back(CGleisVerbindung::Of(connection));
+    LinkEnds(verbindungen_.back());
     return true;
 }
 
-bool CNodeGleisSys::XmlChildren(CXmlWriter& writer) {
-    // The simulator always writes the system's frame; one read without it gains none.
-    if (hasFrame_ && !WriteDreibein(writer, frame_))
-        return false;
-    return CNodeBase::XmlChildren(writer) && WriteConnections(writer);
+void CNodeGleisSys::LinkEnds(const CGleisVerbindung& record) {
+    auto link = [this](int32_t id, int16_t end, int32_t otherId, int16_t otherEnd) {
+        CNodeGleis* track = gleise_.Find(id);
+        if (track && end >= kAnfang && end <= kEndeKoAbzweig && track->Verbindung(end) <= 0) {
+            track->SetVerbindung(end, otherId);
+            track->SetAnschluss(end, otherEnd);
+        }
+    };
+    link(record.GleisID1(), record.Anschluss1(), record.GleisID2(), record.Anschluss2());
+    link(record.GleisID2(), record.Anschluss2(), record.GleisID1(), record.Anschluss1());
 }
 
-// Every connected pair once, from the track with the smaller id, in registry order.
-bool CNodeGleisSys::WriteConnections(CXmlWriter& writer) const {
-    for (const CNodeGleis* track : gleise_.Tracks()) {
-        for (int16_t end = kAnfang; end <= kEndeKoAbzweig; ++end) {
-            int32_t other = track->Verbindung(end);
-            if (other <= track->ID())
-                continue;
-            writer.StartElement("Gleisverbindung");
-            writer.Attribute("GleisID1", std::to_string(track->ID()));
-            writer.Attribute("Anschluss1", CNodeGleisverbindung::EncodeEnd(end));
-            writer.Attribute("GleisID2", std::to_string(other));
-            writer.Attribute("Anschluss2", CNodeGleisverbindung::EncodeEnd(track->Anschluss(end)));
-            if (const auto* extras = track->ConnectionExtras(end))
-                for (const auto& [name, value] : *extras)
-                    writer.Attribute(name, value);
-            writer.EndElement();
+// After records came or went, the ends of the tracks they joined name their first record anew.
+void CNodeGleisSys::RelinkEnds(const std::vector<CGleisVerbindung>& changed) {
+    std::unordered_set<int32_t> ids;
+    for (const CGleisVerbindung& record : changed) {
+        ids.insert(record.GleisID1());
+        ids.insert(record.GleisID2());
+    }
+    for (int32_t id : ids)
+        if (CNodeGleis* track = gleise_.Find(id))
+            for (int16_t end = kAnfang; end <= kEndeKoAbzweig; ++end)
+                track->Disconnect(end);
+    for (const CGleisVerbindung& record : verbindungen_)
+        if (ids.count(record.GleisID1()) || ids.count(record.GleisID2()))
+            LinkEnds(record);
+}
+
+CNodeGleisSys::RemovedConnections
+CNodeGleisSys::RemoveConnectionsIf(const std::function<bool(const CGleisVerbindung&)>& remove) {
+    RemovedConnections removed;
+    size_t kept = 0;
+    for (size_t i = 0; i < verbindungen_.size(); ++i) {
+        if (remove(verbindungen_[i])) {
+            removed.indices.push_back(i);
+            removed.records.push_back(std::move(verbindungen_[i]));
+        } else if (kept != i) {
+            verbindungen_[kept++] = std::move(verbindungen_[i]);
+        } else {
+            ++kept;
         }
     }
-    return true;
+    verbindungen_.resize(kept);
+    // A recorded order loses the entries from the highest down, so the places stay right.
+    removed.orderPlaces.resize(removed.indices.size(), CChildOrder::npos);
+    for (size_t i = removed.indices.size(); i-- > 0;)
+        removed.orderPlaces[i] = ChildOrder().Removed(kConnectionSlot, static_cast<int>(removed.indices[i]));
+    RelinkEnds(removed.records);
+    return removed;
+}
+
+void CNodeGleisSys::RestoreConnections(const RemovedConnections& removed) {
+    if (removed.Empty())
+        return;
+    std::vector<CGleisVerbindung> merged;
+    merged.reserve(verbindungen_.size() + removed.indices.size());
+    size_t next = 0, back = 0;
+    for (size_t i = 0; i < verbindungen_.size() + removed.indices.size(); ++i) {
+        if (back < removed.indices.size() && removed.indices[back] == i)
+            merged.push_back(removed.records[back++]);
+        else
+            merged.push_back(std::move(verbindungen_[next++]));
+    }
+    verbindungen_ = std::move(merged);
+    for (size_t i = 0; i < removed.indices.size(); ++i)
+        ChildOrder().Restore(removed.orderPlaces[i], kConnectionSlot);
+    RelinkEnds(removed.records);
+}
+
+CNodeGleisSys::RemovedConnections
+CNodeGleisSys::CutConnections(const std::function<bool(const CNodeGleis&)>& state) {
+    return RemoveConnectionsIf([this, &state](const CGleisVerbindung& record) {
+        const CNodeGleis* a = gleise_.Find(record.GleisID1());
+        const CNodeGleis* b = gleise_.Find(record.GleisID2());
+        return a && b && state(*a) != state(*b);
+    });
+}
+
+CNodeGleisSys::RemovedConnections
+CNodeGleisSys::CutConnections(CNodeGleis& track, const std::function<bool(const CNodeGleis&)>& state) {
+    bool own = state(track);
+    return RemoveConnectionsIf([this, &track, &state, own](const CGleisVerbindung& record) {
+        if (!record.Joins(track.ID()))
+            return false;
+        const CNodeGleis* other =
+            gleise_.Find(record.GleisID1() == track.ID() ? record.GleisID2() : record.GleisID1());
+        return other && state(*other) != own;
+    });
 }
 
 void CNodeGleisSys::Clear() {
     gleise_.Clear();
+    verbindungen_.clear();
     CNodeBase::Clear();
 }
 
@@ -111,25 +190,14 @@ void CNodeGleisSys::Copy(const INode& source) {
     for (const auto& child : SubNodes())
         if (auto* track = dynamic_cast<CNodeGleis*>(child.get()))
             gleise_.Add(track);
-    if (const auto* system = dynamic_cast<const CNodeGleisSys*>(&source)) {
-        frame_.Copy(system->frame_);
-        hasFrame_ = system->hasFrame_;
-        id_ = system->id_;
-    }
-}
-
-void CNodeGleisSys::CutConnections(CNodeGleis& track, const std::function<bool(const CNodeGleis&)>& state) {
-    for (int16_t end = kAnfang; end <= kEndeKoAbzweig; ++end) {
-        if (track.Verbindung(end) <= 0)
-            continue;
-        CNodeGleis* neighbour = gleise_.Find(track.Verbindung(end));
-        if (!neighbour || state(*neighbour) == state(track))
-            continue;
-        int16_t otherEnd = track.Anschluss(end);
-        if (otherEnd >= kAnfang && otherEnd <= kEndeKoAbzweig)
-            neighbour->Disconnect(otherEnd);
-        track.Disconnect(end);
-    }
+    const auto* system = dynamic_cast<const CNodeGleisSys*>(&source);
+    if (!system)
+        return;
+    frame_.CopyFrom(system->frame_, this);
+    id_ = system->id_;
+    verbindungen_ = system->verbindungen_;
+    for (const CGleisVerbindung& record : verbindungen_)
+        LinkEnds(record);
 }
 
 } // namespace kavrin

@@ -1,5 +1,6 @@
 #include "nodes/CNodeGleisverbindung.h"
 
+#include "core/CError.h"
 #include "core/CStringPack.h"
 
 namespace kavrin {
@@ -20,48 +21,38 @@ const char* CNodeGleisverbindung::EncodeEnd(int16_t end) {
     return end >= 1 && end <= 4 ? kEndWords[end - 1] : "";
 }
 
+// A track id that is no number leaves the connection incomplete, so that it alone is dropped.
+int32_t CNodeGleisverbindung::TrackId(std::string_view text) {
+    try {
+        return TextToLong(text);
+    } catch (const CError&) {
+        AddParseHint(FormatMessage("Gleisverbindung mit unlesbarer Gleis-ID '%1'", text));
+        return -1;
+    }
+}
+
 std::string CNodeGleisverbindung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "GleisID1")
-        gleisId1_ = TextToLong(value);
+        gleisId1_ = TrackId(value);
     else if (name == "Anschluss1")
         anschluss1_ = DecodeEnd(value);
     else if (name == "GleisID2")
-        gleisId2_ = TextToLong(value);
+        gleisId2_ = TrackId(value);
     else if (name == "Anschluss2")
         anschluss2_ = DecodeEnd(value);
-    else
-        return std::string(value);
-    return kOwnedValue;
+    // The texts stay as read: the record written back from this element keeps them.
+    return std::string(value);
 }
 
-Variant CNodeGleisverbindung::XmlAttr(std::string_view name) const {
-    if (name == "GleisID1")
-        return gleisId1_;
-    if (name == "Anschluss1")
-        return std::string(EncodeEnd(anschluss1_));
-    if (name == "GleisID2")
-        return gleisId2_;
-    if (name == "Anschluss2")
-        return std::string(EncodeEnd(anschluss2_));
-    return {};
+bool CNodeGleisverbindung::IsComplete() const {
+    return gleisId1_ != -1 && gleisId2_ != -1 && anschluss1_ != -1 && anschluss2_ != -1;
 }
 
 bool CNodeGleisverbindung::CheckNode() {
-    if (checked_)
-        return complete_;
-    checked_ = true;
-    complete_ = gleisId1_ != -1 && gleisId2_ != -1 && anschluss1_ != -1 && anschluss2_ != -1;
-    if (!complete_)
+    if (!checked_ && !IsComplete())
         AddParseHint(FormatMessage("Unvollständige Anschlussdaten in Gleisverbindung!"));
-    return complete_ && CNodeBase::CheckNode();
-}
-
-std::vector<std::pair<std::string, std::string>> CNodeGleisverbindung::ExtraAttributes() const {
-    std::vector<std::pair<std::string, std::string>> extra;
-    for (const CDictionary::Entry& entry : Attributes().Entries())
-        if (entry.value != kOwnedValue)
-            extra.emplace_back(AttributeNames().GetString(entry.key), entry.value);
-    return extra;
+    checked_ = true;
+    return CNodeBase::CheckNode();
 }
 
 } // namespace kavrin

@@ -17,12 +17,25 @@ Variant CNodeGood::XmlAttr(std::string_view name) const {
     return {};
 }
 
-bool CNodeGood::AddChild(std::unique_ptr<INode>& child) {
-    return frame_.Take(child) || CNodeBase::AddChild(child);
+namespace {
+constexpr uint8_t kFrameSlot = 1;
 }
 
-bool CNodeGood::XmlChildren(CXmlWriter& writer) {
-    return frame_.Write(writer) && CNodeBase::XmlChildren(writer);
+bool CNodeGood::AddChild(std::unique_ptr<INode>& child) {
+    return frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }) || CNodeBase::AddChild(child);
+}
+
+std::span<const uint8_t> CNodeGood::DefaultSlots() const {
+    static const uint8_t order[] = {kFrameSlot, CChildOrder::kKept};
+    return order;
+}
+
+int CNodeGood::OwnedChildCount(uint8_t slot) const {
+    return slot == kFrameSlot && frame_.Present() ? 1 : 0;
+}
+
+bool CNodeGood::WriteOwnedChild(CXmlWriter& writer, uint8_t, int) {
+    return frame_.Write(writer);
 }
 
 const std::string& CNodeGood::GsbName() const {

@@ -16,8 +16,6 @@ public:
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
-    // The frame first, then the kept children.
-    bool XmlChildren(CXmlWriter& writer) override;
 
     int16_t GsbNameId() const { return gsbNameId_; }
     const std::string& GsbName() const;
@@ -31,6 +29,12 @@ public:
     bool inRect(const CRect& world) const override;
     void Move(double dx, double dy) override { MovePos(dx, dy); }
     void Rotate(double angle, double cx, double cy) override { DreiBein().Rotate(angle, cx, cy); }
+
+protected:
+    // The frame first, then the kept children, unless the file had them otherwise.
+    std::span<const uint8_t> DefaultSlots() const override;
+    int OwnedChildCount(uint8_t slot) const override;
+    bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
 
 private:
     int16_t gsbNameId_ = 0;

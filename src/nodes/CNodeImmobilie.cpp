@@ -34,18 +34,35 @@ bool CNodeImmobilie::CheckNode() {
     return CNodeBase::CheckNode();
 }
 
+namespace {
+constexpr uint8_t kPartSlot = 1;
+constexpr uint8_t kFrameSlot = 2;
+} // namespace
+
 bool CNodeImmobilie::AddChild(std::unique_ptr<INode>& child) {
     if (dynamic_cast<CNodeBewegTeil*>(child.get()) && child->Name() == "BeweglichesTeil") {
+        NoteOwnedChild(kPartSlot);
         AddBewegTeil(std::move(child));
         return true;
     }
-    if (frame_.Take(child))
+    if (frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }))
         return true;
     return CNodeBase::AddChild(child);
 }
 
-bool CNodeImmobilie::XmlChildren(CXmlWriter& writer) {
-    return WriteNodes(writer, bewegTeile_) && frame_.Write(writer) && CNodeBase::XmlChildren(writer);
+std::span<const uint8_t> CNodeImmobilie::DefaultSlots() const {
+    static const uint8_t order[] = {kPartSlot, kFrameSlot, CChildOrder::kKept};
+    return order;
+}
+
+int CNodeImmobilie::OwnedChildCount(uint8_t slot) const {
+    if (slot == kPartSlot)
+        return bewegTeile_.Count();
+    return slot == kFrameSlot && frame_.Present() ? 1 : 0;
+}
+
+bool CNodeImmobilie::WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) {
+    return slot == kPartSlot ? WriteNode(writer, *bewegTeile_.Item(instance)) : frame_.Write(writer);
 }
 
 void CNodeImmobilie::Clear() {

@@ -22,8 +22,6 @@ public:
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
     bool AddChild(std::unique_ptr<INode>& child) override;
-    // Moving parts first, then the frame, then the kept children, whatever the file's order.
-    bool XmlChildren(CXmlWriter& writer) override;
     void Clear() override;
 
     std::unique_ptr<INode> Clone() const override;
@@ -52,6 +50,13 @@ public:
     bool inRect(const CRect& world) const override;
     void Move(double dx, double dy) override { MovePos(dx, dy); }
     void Rotate(double angle, double cx, double cy) override { DreiBein().Rotate(angle, cx, cy); }
+
+protected:
+    // Moving parts first, then the frame, then the kept children, unless the file had them
+    // otherwise.
+    std::span<const uint8_t> DefaultSlots() const override;
+    int OwnedChildCount(uint8_t slot) const override;
+    bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
 
 private:
     void AddBewegTeil(std::unique_ptr<INode> part);

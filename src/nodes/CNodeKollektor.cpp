@@ -3,7 +3,6 @@
 #include "core/CStringPack.h"
 #include "document/CAnlage.h"
 #include "document/CXmlWriter.h"
-#include "nodes/CNodeDreibein.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/LayoutLookup.h"
 #include "nodes/modNodes.h"
@@ -21,17 +20,46 @@ Variant CNodeKollektor::XmlAttr(std::string_view name) const {
     return name == "id" ? Variant{id_} : Variant{};
 }
 
-bool CNodeKollektor::AddChild(std::unique_ptr<INode>& child) {
-    const std::string& name = child->Name();
-    if (auto* dreibein = dynamic_cast<CNodeDreibein*>(child.get()); dreibein && name == "Dreibein") {
-        frame_.grab3Bein(*dreibein);
-        hasFrame_ = true;
-        return true;
+namespace {
+constexpr uint8_t kFrameSlot = 1;
+constexpr uint8_t kEntrySlot = 2;
+} // namespace
+
+std::span<const uint8_t> CNodeKollektor::DefaultSlots() const {
+    static const uint8_t order[] = {kFrameSlot, kEntrySlot, CChildOrder::kKept};
+    return order;
+}
+
+int CNodeKollektor::OwnedChildCount(uint8_t slot) const {
+    if (slot == kEntrySlot)
+        return static_cast<int>(gleise_.size());
+    return slot == kFrameSlot && frame_.Present() ? 1 : 0;
+}
+
+bool CNodeKollektor::WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) {
+    if (slot == kFrameSlot)
+        return frame_.Write(writer);
+    const CKollektorGleis& gleis = gleise_[static_cast<size_t>(instance)];
+    writer.StartElement("Gleis");
+    if (gleis.AsRead.empty()) {
+        writer.Attribute("gleisID", std::to_string(gleis.GleisID));
+        writer.Attribute("gleissystemID", std::to_string(gleis.GleissystemID));
     }
-    if (name != "Gleis" || child->SubNodes().Count() > 0)
+    for (const auto& [name, value] : gleis.AsRead)
+        writer.Attribute(name, value);
+    writer.EndElement();
+    return true;
+}
+
+bool CNodeKollektor::AddChild(std::unique_ptr<INode>& child) {
+    if (frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }))
+        return true;
+    if (child->Name() != "Gleis" || child->SubNodes().Count() > 0 || !child->Text().empty())
         return CNodeBase::AddChild(child);
     try {
-        gleise_.push_back(ReadEntry(*child));
+        CKollektorGleis entry = ReadEntry(*child);
+        NoteOwnedChild(kEntrySlot);
+        gleise_.push_back(std::move(entry));
         return true;
     } catch (...) {
         ReportCurrentError(Proc("INode_AddChild"));
@@ -41,32 +69,25 @@ bool CNodeKollektor::AddChild(std::unique_ptr<INode>& child) {
 
 CKollektorGleis CNodeKollektor::ReadEntry(const INode& entry) const {
     CKollektorGleis gleis;
+    bool usual = entry.Attributes().Count() == 2;
+    int position = 0;
     for (const CDictionary::Entry& attribute : entry.Attributes().Entries()) {
         const std::string& name = AttributeNames().GetString(attribute.key);
-        if (name == "gleissystemID")
+        if (name == "gleissystemID") {
             gleis.GleissystemID = TextToInteger(attribute.value);
-        else if (name == "gleisID")
+            usual = usual && position == 1 && attribute.value == std::to_string(gleis.GleissystemID);
+        } else if (name == "gleisID") {
             gleis.GleisID = TextToLong(attribute.value);
-        else {
+            usual = usual && position == 0 && attribute.value == std::to_string(gleis.GleisID);
+        } else {
             AddParseHint(FormatMessage("Unbekanntes Attribut '%1' im %2-Node", name, "Kollektor Gleis"));
-            gleis.Extra.emplace_back(name, attribute.value);
         }
+        ++position;
     }
+    if (!usual)
+        for (const CDictionary::Entry& attribute : entry.Attributes().Entries())
+            gleis.AsRead.emplace_back(AttributeNames().GetString(attribute.key), attribute.value);
     return gleis;
-}
-
-bool CNodeKollektor::XmlChildren(CXmlWriter& writer) {
-    if (hasFrame_ && !WriteDreibein(writer, frame_))
-        return false;
-    for (const CKollektorGleis& gleis : gleise_) {
-        writer.StartElement("Gleis");
-        writer.Attribute("gleisID", std::to_string(gleis.GleisID));
-        writer.Attribute("gleissystemID", std::to_string(gleis.GleissystemID));
-        for (const auto& [name, value] : gleis.Extra)
-            writer.Attribute(name, value);
-        writer.EndElement();
-    }
-    return CNodeBase::XmlChildren(writer);
 }
 
 bool CNodeKollektor::CheckNode() {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "document/CNodeBase.h"
-#include "nodes/C3Bein.h"
+#include "nodes/CObjectFrame.h"
 
 namespace kavrin {
 
@@ -14,8 +14,9 @@ class CKollektorGleis {
 public:
     int16_t GleissystemID = 0;
     int32_t GleisID = 0;
-    // Attributes beyond the two ids, kept so that nothing is lost.
-    std::vector<std::pair<std::string, std::string>> Extra;
+    // The attributes as read, when they are more than the two ids in their usual order and
+    // form; written back so.
+    std::vector<std::pair<std::string, std::string>> AsRead;
 };
 
 // "Kollektor": a group of tracks that belongs to a track-accompanying object.
@@ -25,20 +26,24 @@ public:
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
-    bool XmlChildren(CXmlWriter& writer) override;
     // Links the named tracks back to this collector.
     bool CheckNode() override;
 
     int32_t ID() const { return id_; }
-    C3Bein& DreiBein() { return frame_; }
+    C3Bein& DreiBein() { return frame_.DreiBein(); }
     const std::vector<CKollektorGleis>& Gleise() const { return gleise_; }
+
+protected:
+    // Frame, track entries, kept children, unless the file had them otherwise.
+    std::span<const uint8_t> DefaultSlots() const override;
+    int OwnedChildCount(uint8_t slot) const override;
+    bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
 
 private:
     CKollektorGleis ReadEntry(const INode& entry) const;
 
     int32_t id_ = 0;
-    C3Bein frame_;
-    bool hasFrame_ = false;
+    CObjectFrame frame_;
     std::vector<CKollektorGleis> gleise_;
 };
 

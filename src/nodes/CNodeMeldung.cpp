@@ -6,9 +6,14 @@
 #include "document/NodeAttributes.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/TrackPositionCheck.h"
+#include "nodes/modNodes.h"
 #include "plan/modPlanSymbols.h"
 
 namespace kavrin {
+
+namespace {
+constexpr uint8_t kTargetSlot = 1;
+}
 
 std::string CNodeMeldung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "clsid")
@@ -58,7 +63,9 @@ bool CNodeMeldung::TakeKontaktZiel(const INode& child) {
     if (child.Name() != "KontaktZiel" || kontaktZielRead_ || !child.Attributes().Empty() ||
         child.SubNodes().Count() != 0)
         return false;
-    kontaktZiel_ = TextToLong(child.Text());
+    int32_t target = TextToLong(child.Text());
+    NoteOwnedChild(kTargetSlot);
+    kontaktZiel_ = target;
     kontaktZielRead_ = true;
     if (kontaktZiel_ >= 1 && Anlage())
         Anlage()->RegisterKontaktziel(kontaktZiel_);
@@ -78,13 +85,18 @@ bool CNodeMeldung::CheckNode() {
     return ok;
 }
 
-bool CNodeMeldung::XmlChildren(CXmlWriter& writer) {
-    if (kontaktZiel_ != -1) {
-        writer.StartElement("KontaktZiel");
-        writer.Text(std::to_string(kontaktZiel_));
-        writer.EndElement();
-    }
-    return CNodeBase::XmlChildren(writer);
+std::span<const uint8_t> CNodeMeldung::DefaultSlots() const {
+    static const uint8_t order[] = {kTargetSlot, CChildOrder::kKept};
+    return order;
+}
+
+int CNodeMeldung::OwnedChildCount(uint8_t slot) const {
+    return slot == kTargetSlot && kontaktZiel_ != -1 ? 1 : 0;
+}
+
+bool CNodeMeldung::WriteOwnedChild(CXmlWriter& writer, uint8_t, int) {
+    WriteKontaktZiel(writer, kontaktZiel_);
+    return true;
 }
 
 std::unique_ptr<INode> CNodeMeldung::Clone() const {

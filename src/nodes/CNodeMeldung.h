@@ -19,7 +19,6 @@ public:
     bool AddChild(std::unique_ptr<INode>& child) override;
     // Base check, then a position beyond the end of the parent track is moved to its end.
     bool CheckNode() override;
-    bool XmlChildren(CXmlWriter& writer) override;
 
     std::unique_ptr<INode> Clone() const override;
     void Copy(const INode& source) override;
@@ -43,6 +42,12 @@ protected:
     const INode& MarkNode() const override { return *this; }
     double TrackPosition() const override { return position_; }
     void DrawMark(CPaintTarget& target, double x, double y, const TrackPlace& place) override;
+
+protected:
+    // The contact target first, then the kept children, unless the file had them otherwise.
+    std::span<const uint8_t> DefaultSlots() const override;
+    int OwnedChildCount(uint8_t slot) const override;
+    bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
 
 private:
     bool TakeKontaktZiel(const INode& child);

@@ -7,26 +7,21 @@
 
 namespace kavrin {
 
-namespace {
-bool OnlyVectors(const INode& dreibein) {
-    return dreibein.Attributes().Empty() && dreibein.SubNodes().Count() == 0 && dreibein.Text().empty();
-}
-} // namespace
-
 CObjectFrame::CObjectFrame() = default;
 CObjectFrame::~CObjectFrame() = default;
 
-bool CObjectFrame::Take(std::unique_ptr<INode>& child) {
-    auto* dreibein = dynamic_cast<CNodeDreibein*>(child.get());
-    if (!dreibein || present_ || child->Name() != "Dreibein")
-        return false;
+bool CObjectFrame::CanTake(const INode& child) const {
+    return !present_ && child.Name() == "Dreibein" && dynamic_cast<const CNodeDreibein*>(&child);
+}
+
+void CObjectFrame::Take(std::unique_ptr<INode>& child) {
+    auto* dreibein = static_cast<CNodeDreibein*>(child.get());
     frame_.grab3Bein(*dreibein);
     present_ = true;
-    if (!OnlyVectors(*dreibein)) {
+    if (!dreibein->IsPlain()) {
         child.release();
         kept_.reset(dreibein);
     }
-    return true;
 }
 
 bool CObjectFrame::Write(CXmlWriter& writer) const {
@@ -42,12 +37,10 @@ void CObjectFrame::CopyFrom(const CObjectFrame& source, INode* owner) {
     present_ = source.present_;
     if (!source.kept_)
         return;
-    kept_ = std::make_unique<CNodeDreibein>();
+    kept_ = source.kept_->CopyFor(frame_);
     kept_->SetParent(owner);
     if (owner)
         kept_->SetAnlage(owner->Anlage());
-    kept_->CopyBaseContent(*source.kept_);
-    kept_->DreiBein().grab3Bein(frame_);
 }
 
 } // namespace kavrin

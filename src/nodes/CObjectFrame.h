@@ -21,9 +21,19 @@ public:
     CObjectFrame(const CObjectFrame&) = delete;
     CObjectFrame& operator=(const CObjectFrame&) = delete;
 
-    // Takes a parsed "Dreibein" child; false for any other child, or for a second frame, which
-    // the owner then keeps as an ordinary child.
-    bool Take(std::unique_ptr<INode>& child);
+    // A parsed child this frame takes: the first "Dreibein". A second one is kept by the owner
+    // as an ordinary child.
+    bool CanTake(const INode& child) const;
+    // Takes it: its vectors become the frame's; the element is kept whole unless it is plain.
+    void Take(std::unique_ptr<INode>& child);
+    // Takes the child when it can; the owner notes the slot first through `note`.
+    template <typename Note> bool Offer(std::unique_ptr<INode>& child, Note note) {
+        if (!CanTake(*child))
+            return false;
+        note();
+        Take(child);
+        return true;
+    }
     // Writes the frame as read; an object read without one is written without one.
     bool Write(CXmlWriter& writer) const;
     // Value copy of another object's frame (own vectors); owner becomes the kept child's parent.

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/CStringPack.h"
-#include "document/NodeAttributes.h"
 #include "nodes/CNodeGleis.h"
+#include "nodes/CTrackCurve.h"
 
 namespace kavrin {
 
@@ -22,56 +21,6 @@ CVector operator*(const CVector& a, double f) {
 }
 double Norm(const CVector& a) {
     return std::sqrt(a.X * a.X + a.Y * a.Y + a.Z * a.Z);
-}
-
-// The geometry of the newer format is read from kept attribute texts every time a track is
-// drawn; the name of an attribute is looked up once (its index never changes), and the text is
-// read in place.
-class AttributeKey {
-public:
-    explicit AttributeKey(const char* name) : name_(name), key_(AttributeNames().PutString(name)) {}
-    double Of(const INode& node) const {
-        const std::string* value = node.Attributes().Item(key_);
-        if (!value)
-            return 0;
-        return *value == kOwnedValue ? TextToNumber(AttributeText(node, name_)) : TextToNumber(*value);
-    }
-
-private:
-    const char* name_;
-    int16_t key_;
-};
-
-double Number(const INode& node, const char* name) {
-    return TextToNumber(AttributeText(node, name));
-}
-
-// A "Position" (x, y, z) or "Vector" (dx, dy, dz) element.
-CVector ReadVector(const INode& node) {
-    static const AttributeKey x("x"), y("y"), z("z"), dx("dx"), dy("dy"), dz("dz");
-    if (std::string_view(node.Name()) == "Position")
-        return {x.Of(node), y.Of(node), z.Of(node)};
-    return {dx.Of(node), dy.Of(node), dz.Of(node)};
-}
-
-// Names compared as views: a different length is rejected without looking at the letters.
-const INode* Child(const INode& node, std::string_view name) {
-    for (const auto& child : node.SubNodes())
-        if (std::string_view(child->Name()) == name)
-            return child.get();
-    return nullptr;
-}
-
-// The Position and Vector children of an element, in order.
-std::vector<CVector> Vectors(const INode& node) {
-    std::vector<CVector> vectors;
-    vectors.reserve(4);
-    for (const auto& child : node.SubNodes()) {
-        std::string_view name = child->Name();
-        if (name == "Position" || name == "Vector")
-            vectors.push_back(ReadVector(*child));
-    }
-    return vectors;
 }
 
 } // namespace
@@ -118,84 +67,49 @@ void CTrackGeometry::ReadClassic(const CNodeGleis& track) {
     kind_ = Kind::Classic;
 }
 
+// The newer format's numbers were read once, when the track was loaded.
 void CTrackGeometry::ReadNewFormat(const CNodeGleis& track) {
-    if (const INode* frame = Child(track, "Frame")) {
-        std::vector<CVector> vectors = Vectors(*frame);
-        if (vectors.size() >= 4) {
-            frame_.position = vectors[0];
-            for (int i = 0; i < 3; ++i)
-                frame_.axis[i] = vectors[static_cast<size_t>(i) + 1];
-        }
-    } else {
-        frame_.axis[0] = {1, 0, 0};
-        frame_.axis[1] = {0, 1, 0};
-        frame_.axis[2] = {0, 0, 1};
-    }
-    if (const INode* interval = Child(track, "Interval")) {
-        static const AttributeKey nearKey("near"), farKey("far");
-        near_ = nearKey.Of(*interval);
-        far_ = farKey.Of(*interval);
-    }
+    const CTrackCurve& curve = *track.Curve();
+    const CTrackCurve::Frame& frame = curve.GetFrame();
+    frame_.position = frame.position;
+    for (size_t i = 0; i < 3; ++i)
+        frame_.axis[i] = frame.axes[i];
+    near_ = curve.Near();
+    far_ = curve.Far();
     length_ = std::max(0.0, far_ - near_) * 100;
-    const INode* curve = Child(track, "Curve");
-    if (curve && curve->SubNodes().Count() > 0)
-        ReadCurve(*curve->SubNodes().Item(0));
-    if (kind_ == Kind::Chord && !chordFromCurve_) {
+    const std::vector<CVector>& v = curve.Vectors();
+    switch (curve.CurveKind()) {
+    case CTrackCurve::Kind::Line:
+        q_ = v[0], d_ = v[1], kind_ = Kind::Line;
+        break;
+    case CTrackCurve::Kind::Arc:
+        q_ = v[0], d_ = v[1], w_ = v[2], radius_ = Norm(v[2]), kind_ = Kind::Arc;
+        break;
+    case CTrackCurve::Kind::Cubic:
+        cubic_ = v;
+        kind_ = Kind::Cubic;
+        break;
+    case CTrackCurve::Kind::EEPCurve: {
+        double a = curve.Verdrehung();
+        classic_.p = v[0];
+        classic_.t = v[1];
+        classic_.n = v[2] * std::cos(a) - v[3] * std::sin(a);
+        classic_.b = v[3] * std::cos(a) + v[2] * std::sin(a);
+        classic_.k = curve.Kruemmung();
+        classic_.torsion = curve.Torsion();
+        kind_ = Kind::EEPCurve;
+        break;
+    }
+    case CTrackCurve::Kind::Chord:
+        // Kinds not understood yet: the straight line between the first and last point they name.
+        chordA_ = frame_.Apply(v[0]) * 100;
+        chordB_ = frame_.Apply(v[1]) * 100;
+        length_ = std::max(length_, Norm(chordB_ - chordA_));
+        break;
+    case CTrackCurve::Kind::None:
         chordA_ = frame_.Apply({0, 0, 0}) * 100;
         chordB_ = frame_.Apply({far_ - near_, 0, 0}) * 100;
-    }
-}
-
-void CTrackGeometry::ReadCurve(const INode& curve) {
-    const std::string& kind = curve.Name();
-    if (kind == "Line" || kind == "Arc") {
-        const INode* bundle = Child(curve, kind == "Line" ? "VectorBundle" : "VectorBundle2");
-        std::vector<CVector> v = bundle ? Vectors(*bundle) : std::vector<CVector>{};
-        if (kind == "Line" && v.size() >= 2) {
-            q_ = v[0], d_ = v[1], kind_ = Kind::Line;
-        } else if (kind == "Arc" && v.size() >= 3 && Norm(v[2]) > 0) {
-            q_ = v[0], d_ = v[1], w_ = v[2], radius_ = Norm(v[2]), kind_ = Kind::Arc;
-        }
-    } else if (kind == "Cubic" || kind == "Spline") {
-        std::vector<const INode*> pieces;
-        if (kind == "Cubic")
-            pieces.push_back(&curve);
-        for (const auto& child : curve.SubNodes())
-            if (child->Name() == "Cubic")
-                pieces.push_back(child.get());
-        for (const INode* piece : pieces) {
-            std::vector<CVector> v = Vectors(*piece);
-            if (v.size() >= 4)
-                cubic_.insert(cubic_.end(), v.begin(), v.begin() + 4);
-        }
-        if (!cubic_.empty())
-            kind_ = Kind::Cubic;
-    } else if (kind == "EEPCurve") {
-        const INode* inner = Child(curve, "Frame");
-        std::vector<CVector> v = inner ? Vectors(*inner) : std::vector<CVector>{};
-        if (v.size() >= 4) {
-            double a = Number(curve, "Anfangsfuehrungsverdrehung");
-            classic_.p = v[0];
-            classic_.t = v[1];
-            classic_.n = v[2] * std::cos(a) - v[3] * std::sin(a);
-            classic_.b = v[3] * std::cos(a) + v[2] * std::sin(a);
-            classic_.k = Number(curve, "Kruemmung");
-            classic_.torsion = Number(curve, "Torsion");
-            kind_ = Kind::EEPCurve;
-        }
-    }
-    if (kind_ == Kind::Chord) {
-        // Kinds not understood yet: the straight line between the first and last point they name.
-        std::vector<CVector> points;
-        for (const auto& child : curve.SubNodes())
-            if (child->Name() == "Position")
-                points.push_back(ReadVector(*child));
-        if (points.size() >= 2) {
-            chordA_ = frame_.Apply(points.front()) * 100;
-            chordB_ = frame_.Apply(points.back()) * 100;
-            length_ = std::max(length_, Norm(chordB_ - chordA_));
-            chordFromCurve_ = true;
-        }
+        break;
     }
 }
 

@@ -8,7 +8,6 @@
 namespace kavrin {
 
 class CNodeGleis;
-class INode;
 
 // The centre line of a track piece in world units (cm), for both track formats:
 // classic pieces from frame and characteristic, newer ones from Frame, Interval and Curve.
@@ -47,7 +46,6 @@ private:
 
     void ReadClassic(const CNodeGleis& track);
     void ReadNewFormat(const CNodeGleis& track);
-    void ReadCurve(const INode& curve);
     CVector LocalAt(double s) const; // newer format: metres in the track's own frame
     bool IsStraight() const;
 
@@ -61,7 +59,6 @@ private:
     double radius_ = 0;
     std::vector<CVector> cubic_; // 4 coefficients per segment
     CVector chordA_, chordB_;
-    bool chordFromCurve_ = false;
 };
 
 } // namespace kavrin

@@ -17,6 +17,12 @@ bool WriteFrameVectors(CXmlWriter& writer, const C3Bein& frame) {
            WriteVektor(writer, "Nor", frame.Nor()) && WriteVektor(writer, "Bin", frame.Bin());
 }
 
+void WriteKontaktZiel(CXmlWriter& writer, int32_t target) {
+    writer.StartElement("KontaktZiel");
+    writer.Text(std::to_string(target));
+    writer.EndElement();
+}
+
 bool WriteVektor(CXmlWriter& writer, std::string_view name, const CVector& vector) {
     writer.StartElement("Vektor");
     writer.Attribute("x", NumberToText(vector.X));

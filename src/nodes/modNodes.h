@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "document/NodeTree.h"
@@ -21,6 +22,8 @@ template <typename Sequence> bool WriteNodes(CXmlWriter& writer, const Sequence&
 bool WriteDreibein(CXmlWriter& writer, const C3Bein& frame);
 // Four "Vektor" children in the order Pos, Dir, Nor, Bin.
 bool WriteFrameVectors(CXmlWriter& writer, const C3Bein& frame);
+// A "KontaktZiel" element holding the number.
+void WriteKontaktZiel(CXmlWriter& writer, int32_t target);
 // One "Vektor" with x, y, z in layout number format and the vector's name as text.
 bool WriteVektor(CXmlWriter& writer, std::string_view name, const CVector& vector);
 

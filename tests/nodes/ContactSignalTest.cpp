@@ -152,7 +152,7 @@ TEST_F(ContactSignal, PositionsWithoutAKnownTrackLengthAreKept) {
     }
 }
 
-TEST_F(ContactSignal, SignalContactTargetIsWrittenFirstAndOnlyWhenSet) {
+TEST_F(ContactSignal, SignalContactTargetIsWrittenInItsPlaceAndOnlyWhenSet) {
     struct Case {
         std::string children;
         int32_t target;
@@ -160,13 +160,13 @@ TEST_F(ContactSignal, SignalContactTargetIsWrittenFirstAndOnlyWhenSet) {
         bool registered;
     };
     const Case cases[] = {
-        {"", -1, "<Meldung Position=\"5\" name=\"A\"/>", false},
+        {"", -1, "<Meldung Position=\"5\" name=\"A\"></Meldung>", false},
         {"<Signal a=\"1\"/>", -1, "<Meldung Position=\"5\" name=\"A\"><Signal a=\"1\"/></Meldung>", false},
         {"<KontaktZiel>0</KontaktZiel><Signal/>", 0,
          "<Meldung Position=\"5\" name=\"A\"><KontaktZiel>0</KontaktZiel><Signal/></Meldung>", false},
-        // Read after the signal: still written first.
+        // Read after the signal: written where it stood.
         {"<Signal/><KontaktZiel>12</KontaktZiel>", 12,
-         "<Meldung Position=\"5\" name=\"A\"><KontaktZiel>12</KontaktZiel><Signal/></Meldung>", true},
+         "<Meldung Position=\"5\" name=\"A\"><Signal/><KontaktZiel>12</KontaktZiel></Meldung>", true},
         {"<KontaktZiel>-1</KontaktZiel>", -1, "<Meldung Position=\"5\" name=\"A\"/>", false},
     };
     for (const Case& c : cases) {
@@ -176,7 +176,8 @@ TEST_F(ContactSignal, SignalContactTargetIsWrittenFirstAndOnlyWhenSet) {
         EXPECT_EQ(signal.KontaktZiel(), c.target) << c.children;
         const std::vector<int32_t>& targets = anlage.KontaktZiele();
         EXPECT_EQ(std::find(targets.begin(), targets.end(), c.target) != targets.end(), c.registered);
-        EXPECT_NE(Save().find(c.written), std::string::npos) << c.children;
+        std::string saved = Save();
+        EXPECT_NE(saved.find(c.written), std::string::npos) << c.children << "\n" << saved;
     }
 }
 

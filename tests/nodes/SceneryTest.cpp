@@ -37,7 +37,7 @@ TEST_F(Scenery, GoodsCountIsTheNumberOfGoodsWritten) {
     const Case cases[] = {
         {" count=\"5\"", 3, "", "<Goods count=\"3\">"},
         {" count=\"0\"", 2, "", "<Goods count=\"2\">"},
-        {" count=\"4\"", 0, "", "<Goods count=\"0\"/>"},
+        {" count=\"4\"", 0, "", "<Goods count=\"0\"></Goods>"},
         // Only "Good" children count; other kept children do not.
         {" count=\"2\"", 1, "<Fremd a=\"1\"/>", "<Goods count=\"1\">"},
         // Unknown attributes keep their place around the count.
@@ -122,20 +122,25 @@ TEST_F(Scenery, SampleBuildingsStandOnTheirTerrain) {
     EXPECT_GT(buildings, 100);
 }
 
-TEST_F(Scenery, BuildingWritesMovingPartsBeforeItsFrame) {
+TEST_F(Scenery, BuildingWritesItsChildrenInTheOrderRead) {
     const std::string frame = FrameText("12.5", "-3", "0.5");
     struct Case {
         std::string read;
         std::string written;
     };
     const Case cases[] = {
-        // Moving parts after the frame in the file: written before it.
+        // Moving parts after the frame and another child in the file: written where they stood.
         {"<Immobile gsbname=\"\\Haus.gsb\" ImmoIdx=\"4\" Light=\"0\">" + frame +
              "<Modell/><BeweglichesTeil kollektorID=\"9\" teilid=\"0\"/>"
              "<BeweglichesTeil teilid=\"1\"><Achse/></BeweglichesTeil></Immobile>",
-         "<Immobile gsbname=\"\\Haus.gsb\" ImmoIdx=\"4\" Light=\"0\"><BeweglichesTeil kollektorID=\"9\" "
-         "teilid=\"0\"/><BeweglichesTeil teilid=\"1\"><Achse/></BeweglichesTeil>" +
-             frame + "<Modell/></Immobile>"},
+         "<Immobile gsbname=\"\\Haus.gsb\" ImmoIdx=\"4\" Light=\"0\">" + frame +
+             "<Modell/><BeweglichesTeil kollektorID=\"9\" teilid=\"0\"/>"
+             "<BeweglichesTeil teilid=\"1\"><Achse/></BeweglichesTeil></Immobile>"},
+        // An unknown child before the frame, as simulator files have "GBSObject".
+        {"<Immobile gsbname=\"\\Stw.gsb\"><BeweglichesTeil teilid=\"0\"/><GBSObject a=\"1\"/>" + frame +
+             "</Immobile>",
+         "<Immobile gsbname=\"\\Stw.gsb\"><BeweglichesTeil teilid=\"0\"/><GBSObject a=\"1\"/>" + frame +
+             "</Immobile>"},
         // Without "kollektorID" it is written without one.
         {"<Immobile Light=\"0\" gsbname=\"\\Baum.gsb\" ImmoIdx=\"7\">" + frame +
              "<Modell x=\"1\"/></Immobile>",
@@ -184,7 +189,7 @@ TEST_F(Scenery, MovingAPlacedObjectMovesTheWrittenFrame) {
     EXPECT_NE(saved.find("<Good gsbname=\"b\">" + FrameText("1.5", "2", "3") + "</Good>"), std::string::npos);
 }
 
-TEST_F(Scenery, GoodWritesItsFrameFirstAndPoolsItsModelName) {
+TEST_F(Scenery, GoodKeepsItsChildOrderAndPoolsItsModelName) {
     ASSERT_TRUE(LoadInner("<Goods count=\"2\"><Good gsbname=\"\\Ladegut\\Kiste.gsb\" x=\"1\"><Fremd/>" +
                           FrameText("7", "8") + "</Good><Good gsbname=\"\\Ladegut\\Kiste.gsb\"/></Goods>"));
     std::vector<CNodeGood*> goods = Nodes<CNodeGood>();
@@ -192,9 +197,8 @@ TEST_F(Scenery, GoodWritesItsFrameFirstAndPoolsItsModelName) {
     EXPECT_EQ(goods[0]->GsbNameId(), goods[1]->GsbNameId());
     EXPECT_EQ(FileNames().GetString(goods[0]->GsbNameId()), "\\Ladegut\\Kiste.gsb");
     EXPECT_FALSE(goods[1]->HasFrame());
-    EXPECT_NE(Save().find("<Goods count=\"2\"><Good gsbname=\"\\Ladegut\\Kiste.gsb\" x=\"1\">" +
-                          FrameText("7", "8") +
-                          "<Fremd/></Good><Good gsbname=\"\\Ladegut\\Kiste.gsb\"/></Goods>"),
+    EXPECT_NE(Save().find("<Goods count=\"2\"><Good gsbname=\"\\Ladegut\\Kiste.gsb\" x=\"1\"><Fremd/>" +
+                          FrameText("7", "8") + "</Good><Good gsbname=\"\\Ladegut\\Kiste.gsb\"/></Goods>"),
               std::string::npos);
 }
 

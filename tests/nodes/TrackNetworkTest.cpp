@@ -65,54 +65,83 @@ protected:
     CAnlage anlage;
 };
 
-TEST_F(TrackNetwork, ConnectionsAreAppliedToBothTracksAndWrittenFromTheSmallerId) {
+TEST_F(TrackNetwork, ConnectionRecordsAreAppliedToBothTracksAndWrittenAsRead) {
     // The switch (id 7) meets track 9's start with its branch; track 3 hangs at the switch's start.
+    std::string records = Connection(9, "Anfang", 7, "EndeAbzweig") + Connection(7, "Anfang", 3, "Ende");
     std::string tracks = Track(9, 0, 0, 100) + Track(7, 100, 0, 100) + Track(3, 200, 0, 100);
-    ASSERT_TRUE(Load(
-        System(tracks + Connection(9, "Anfang", 7, "EndeAbzweig") + Connection(7, "Anfang", 3, "Ende"))));
+    ASSERT_TRUE(Load(System(tracks + records)));
     EXPECT_EQ(Gleis(7)->Verbindung(kEndeAbzweig), 9);
     EXPECT_EQ(Gleis(7)->Anschluss(kEndeAbzweig), kAnfang);
     EXPECT_EQ(Gleis(9)->Verbindung(kAnfang), 7);
     EXPECT_EQ(Gleis(9)->Anschluss(kAnfang), kEndeAbzweig);
-    std::string saved = Saved();
-    // Registry order (9, 7, 3): from 7 to 9 at the branch, then from 3 to 7.
-    size_t first = saved.find(Connection(7, "EndeAbzweig", 9, "Anfang"));
-    size_t second = saved.find(Connection(3, "Ende", 7, "Anfang"));
-    ASSERT_NE(first, std::string::npos) << saved;
-    ASSERT_NE(second, std::string::npos) << saved;
-    EXPECT_LT(first, second);
-    EXPECT_EQ(saved.find("GleisID1=\"9\""), std::string::npos);
+    EXPECT_EQ(Gleis(3)->Verbindung(kEnde), 7);
+    // Direction and order as the file has them, after the tracks.
+    EXPECT_NE(Saved().find(records + "</Gleissystem>"), std::string::npos);
 }
 
-TEST_F(TrackNetwork, ExtraConnectionAttributesTravelWithTheConnection) {
-    ASSERT_TRUE(Load(System(Track(2, 0, 0, 100) + Track(1, 100, 0, 100) +
-                            Connection(2, "Ende", 1, "Anfang", " Flags=\"1\""))));
-    EXPECT_NE(Saved().find(Connection(1, "Anfang", 2, "Ende", " Flags=\"1\"")), std::string::npos);
+TEST_F(TrackNetwork, OneEndMayCarrySeveralRecordsAndEachIsKept) {
+    // As version-17 files have them: the branch end of 489 in two records with different partners.
+    std::string records = Connection(489, "EndeAbzweig", 496, "Ende") +
+                          Connection(496, "EndeAbzweig", 489, "EndeAbzweig") +
+                          Connection(489, "Ende", 500, "Anfang", " Flags=\"1\"");
+    ASSERT_TRUE(
+        Load(System(Track(489, 0, 0, 100) + Track(496, 100, 0, 100) + Track(500, 200, 0, 100) + records)));
+    EXPECT_TRUE(scope.ui.parseLog.Hints().empty());
+    EXPECT_FALSE(anlage.Changed());
+    CNodeGleisSys* system = FindGleisSys(anlage, 1);
+    EXPECT_EQ(system->Verbindungen().size(), 3u);
+    // The track end names its first record.
+    EXPECT_EQ(Gleis(489)->Verbindung(kEndeAbzweig), 496);
+    EXPECT_EQ(Gleis(489)->Anschluss(kEndeAbzweig), kEnde);
+    EXPECT_NE(Saved().find(records), std::string::npos);
+
+    // Cutting 496 loose takes every record it has with the others, and only those.
+    auto removed = system->CutConnections([](const CNodeGleis& track) { return track.ID() == 496; });
+    EXPECT_EQ(removed.records.size(), 2u);
+    EXPECT_EQ(Gleis(489)->Verbindung(kEndeAbzweig), 0);
+    EXPECT_EQ(Gleis(489)->Verbindung(kEnde), 500);
+    std::string cut = Saved();
+    EXPECT_EQ(cut.find(Connection(489, "EndeAbzweig", 496, "Ende")), std::string::npos);
+    EXPECT_EQ(cut.find(Connection(496, "EndeAbzweig", 489, "EndeAbzweig")), std::string::npos);
+    EXPECT_NE(cut.find(Connection(489, "Ende", 500, "Anfang", " Flags=\"1\"")), std::string::npos);
+    // Put back, the file is as before.
+    system->RestoreConnections(removed);
+    EXPECT_NE(Saved().find(records), std::string::npos);
+    EXPECT_EQ(Gleis(489)->Verbindung(kEndeAbzweig), 496);
 }
 
-TEST_F(TrackNetwork, BadConnectionsAreReported) {
+TEST_F(TrackNetwork, BadConnectionsAreDroppedWithAHintAndTheRestLoads) {
     struct Case {
         std::string connection;
         std::string hint;
-        bool loads;
     };
     const Case cases[] = {
         {Connection(1, "Anfang", 2, "Mitte"),
-         "Unbekannter Anschluss-Eintrag 'Mitte' im Gleisverbindungs-Node", false},
+         "Unbekannter Anschluss-Eintrag 'Mitte' im Gleisverbindungs-Node"},
         {"<Gleisverbindung GleisID1=\"1\" Anschluss1=\"Ende\" GleisID2=\"2\"/>",
-         "Unvollständige Anschlussdaten in Gleisverbindung!", false},
-        {Connection(1, "Ende", 99, "Anfang"), "eines der beiden Gleise gibt es nicht", true},
+         "Unvollständige Anschlussdaten in Gleisverbindung!"},
+        {"<Gleisverbindung GleisId1=\"1\" Anschluss1=\"Ende\" GleisID2=\"2\" Anschluss2=\"Anfang\"/>",
+         "Unvollständige Anschlussdaten in Gleisverbindung!"},
+        {"<Gleisverbindung GleisID1=\"eins\" Anschluss1=\"Ende\" GleisID2=\"2\" Anschluss2=\"Anfang\"/>",
+         "Gleisverbindung mit unlesbarer Gleis-ID 'eins'"},
+        {Connection(1, "Ende", 99, "Anfang"), "eines der beiden Gleise gibt es nicht"},
     };
+    std::string good = Connection(2, "Ende", 3, "Anfang");
     for (const Case& c : cases) {
         scope.ui.parseLog.Open("");
-        EXPECT_EQ(Load(System(Track(1, 0, 0, 100) + Track(2, 100, 0, 100) + c.connection)), c.loads)
+        ASSERT_TRUE(Load(System(Track(1, 0, 0, 100) + Track(2, 100, 0, 100) + Track(3, 200, 0, 100) +
+                                c.connection + good)))
             << c.connection;
         ASSERT_FALSE(scope.ui.parseLog.Hints().empty()) << c.connection;
         EXPECT_NE(scope.ui.parseLog.Hints()[0].find(c.hint), std::string::npos)
             << scope.ui.parseLog.Hints()[0];
+        EXPECT_TRUE(anlage.Changed()) << c.connection; // the dropped record is a repair
+        EXPECT_EQ(Gleis(1)->Verbindung(kEnde), 0);
+        EXPECT_EQ(Gleis(2)->Verbindung(kEnde), 3);
+        std::string saved = Saved();
+        EXPECT_EQ(saved.find(c.connection), std::string::npos);
+        EXPECT_NE(saved.find(good), std::string::npos);
     }
-    EXPECT_TRUE(anlage.Changed()); // the dropped connection is a repair
-    EXPECT_EQ(Gleis(1)->Verbindung(kEnde), 0);
 }
 
 TEST_F(TrackNetwork, NonNumericIdFailsTheLoadWithTheProcedureName) {
@@ -166,7 +195,8 @@ TEST_F(TrackNetwork, CollectorLinksItsTracksAndWritesIdsInItsOrder) {
     EXPECT_EQ(Gleis(2)->Kollektor()->ID(), 5);
     ASSERT_EQ(scope.ui.parseLog.Hints().size(), 1u);
     EXPECT_EQ(scope.ui.parseLog.Hints()[0], "Unbekanntes Attribut 'Farbe' im Kollektor Gleis-Node");
-    EXPECT_NE(Saved().find("<Gleis gleisID=\"2\" gleissystemID=\"1\" Farbe=\"rot\"/></Kollektor>"),
+    // Entries are written as read when they carry more than the two ids.
+    EXPECT_NE(Saved().find("<Gleis gleissystemID=\"1\" gleisID=\"2\" Farbe=\"rot\"/></Kollektor>"),
               std::string::npos);
 }
 
@@ -175,7 +205,7 @@ TEST_F(TrackNetwork, CutConnectionsSeparatesOnlyTracksThatDifferInTheFlag) {
                             Connection(1, "Ende", 2, "Anfang") + Connection(2, "Ende", 3, "Anfang"))));
     CNodeGleisSys* system = FindGleisSys(anlage, 1);
     auto selected = [](const CNodeGleis& track) { return track.ID() != 3; };
-    system->CutConnections(*Gleis(2), selected);
+    EXPECT_EQ(system->CutConnections(*Gleis(2), selected).records.size(), 1u);
     EXPECT_EQ(Gleis(2)->Verbindung(kAnfang), 1);
     EXPECT_EQ(Gleis(2)->Verbindung(kEnde), 0);
     EXPECT_EQ(Gleis(3)->Verbindung(kAnfang), 0);

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "document/CXmlScanner.h"
+#include "document/INode.h"
+
+namespace kavrin {
+
+class CAnlage;
+class CFileBytes;
+
+// Builds the node tree of a layout file piece by piece: the document element's start tag, then
+// each of its children (a chapter) from its own start tag, and the chapter's content in pieces
+// of about a megabyte, each parsed on its own and freed once the tree has taken it. So the
+// parser's DOM of the whole file never exists, and the bytes already read are handed back.
+// Whatever precedes and follows the document element is kept as read.
+class CLayoutReader {
+public:
+    enum class Result {
+        Ok,
+        NotXml, // the text is not well-formed as far as the pieces tell: parse it whole for the report
+        Failed  // the tree refused an element (the reason is reported) or the load was cancelled
+    };
+
+    CLayoutReader(CFileBytes& bytes, CAnlage& anlage);
+
+    Result Read(std::unique_ptr<INode>& root);
+    // Everything before the document element (declaration, comments, DOCTYPE, blanks) and after it.
+    const std::string& Prolog() const { return prolog_; }
+    const std::string& Epilog() const { return epilog_; }
+
+    // About this much of a chapter's content is parsed at a time.
+    static constexpr size_t kPieceSize = 1 << 20;
+
+private:
+    using Token = CXmlScanner::Token;
+
+    bool ReadProlog(Token& rootTag);
+    Result ReadRootContent(INode& root, const Token& rootTag, const std::string& rootName, size_t& rootEnd);
+    Result ReadChapter(INode& root, const Token& startTag, size_t& next);
+    Result ReadChapterContent(INode& chapter, const Token& startTag, size_t& next);
+    bool ReadEpilog(size_t rootEnd, std::string_view rootName);
+    // Parses a start tag as an empty element and makes the node of it.
+    std::unique_ptr<INode> NodeOfStartTag(INode* parent, const Token& tag, Result& result);
+    // Parses file[begin, end) inside a wrapper element and walks its children into parent.
+    Result ReadPiece(INode& parent, size_t begin, size_t end);
+
+    CFileBytes& bytes_;
+    CAnlage& anlage_;
+    CXmlScanner scanner_;
+    std::vector<size_t> emptyPairs_;
+    std::string prolog_;
+    std::string epilog_;
+};
+
+} // namespace kavrin
