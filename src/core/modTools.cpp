@@ -265,6 +265,15 @@ int16_t TextToInteger(std::string_view text) {
     return TextToRuntimeInteger<int16_t>(text);
 }
 
+bool TryTextToLong(std::string_view text, int32_t& out) {
+    try {
+        out = TextToLong(text);
+        return true;
+    } catch (const CError&) {
+        return false;
+    }
+}
+
 double TextToDouble(std::string_view text) {
     text = Trim(text);
     if (text.empty())

@@ -47,6 +47,14 @@ std::string NumberToText(double value);
 std::string NumberToText(float value);
 std::string NumberToText(const Variant& value);
 
+// A zero-terminated name (as the XML parser hands them out) compared without measuring it first.
+inline bool NameIs(const char* name, std::string_view expected) {
+    for (char c : expected)
+        if (*name++ != c)
+            return false;
+    return *name == '\0';
+}
+
 // Locale-independent prefix conversion of layout files: leading blanks skipped, the longest
 // numeric prefix read, anything unreadable gives 0.
 double TextToNumber(std::string_view text);
@@ -55,6 +63,8 @@ double TextToNumber(std::string_view text);
 // rounded half to even, out of range is an overflow (error 6).
 int32_t TextToLong(std::string_view text);
 int16_t TextToInteger(std::string_view text);
+// TextToLong without an error: false where it would raise one.
+bool TryTextToLong(std::string_view text, int32_t& out);
 
 // Dialog input: trimmed, empty gives 0.
 double TextToDouble(std::string_view text); // user's decimal separator; error 13 if no number

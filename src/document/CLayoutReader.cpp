@@ -1,6 +1,9 @@
 #include "document/CLayoutReader.h"
 
 #include <cstring>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #include <pugixml.hpp>
 
 #include "core/IUserInterface.h"
@@ -20,6 +23,25 @@ using Kind = CXmlScanner::Kind;
 constexpr std::string_view kPieceOpen = "<k>";
 constexpr std::string_view kPieceClose = "</k>";
 
+// Each piece's parser memory is freed and asked for again; while a layout is read, the heap
+// keeps freed memory for the next piece instead of handing it back to the system and having it
+// cleared anew.
+class HeapKeptWhileReading {
+public:
+    HeapKeptWhileReading() {
+#ifdef __GLIBC__
+        mallopt(M_MMAP_THRESHOLD, 64 << 20);
+        mallopt(M_TRIM_THRESHOLD, 256 << 20);
+#endif
+    }
+    ~HeapKeptWhileReading() {
+#ifdef __GLIBC__
+        mallopt(M_TRIM_THRESHOLD, 128 << 10);
+        mallopt(M_MMAP_THRESHOLD, 128 << 10);
+#endif
+    }
+};
+
 bool IsElement(Kind kind) {
     return kind == Kind::StartTag || kind == Kind::EmptyTag;
 }
@@ -34,6 +56,7 @@ CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage& anlage)
     : bytes_(bytes), anlage_(anlage), scanner_(bytes.Data(), bytes.Size()) {}
 
 CLayoutReader::Result CLayoutReader::Read(std::unique_ptr<INode>& root) {
+    HeapKeptWhileReading heap;
     Token rootTag;
     if (!ReadProlog(rootTag))
         return Result::NotXml;
@@ -188,20 +211,121 @@ CLayoutReader::Result CLayoutReader::ReadChapter(INode& root, const Token& start
 }
 
 // The chapter's children in pieces that end where a child element begins, so that blank text
-// between elements is dropped as the parser drops it when it reads the chapter whole.
+// between elements is dropped as the parser drops it when it reads the chapter whole. The cuts
+// are guessed, without reading the markup in between: the chapter's end tag, and a child of
+// the name of the piece's first child about a megabyte on. A guess inside a child cannot be
+// parsed on its own; then the rest of the chapter is cut by reading its markup.
 CLayoutReader::Result CLayoutReader::ReadChapterContent(INode& chapter, const Token& startTag, size_t& next) {
     std::string name(startTag.name);
     size_t pos = startTag.end;
+    size_t end = FindEndTag(name, pos, next);
+    if (end == pos) {
+        chapter.SetWrittenAsPair(true);
+        return Result::Ok;
+    }
+    while (end != CXmlScanner::npos && pos < end) {
+        size_t cut = GuessCut(pos, end);
+        Result result = ReadPiece(chapter, pos, cut);
+        if (result == Result::NotXml && cut != end) {
+            cut = ScannedCut(pos, end);
+            result = cut == CXmlScanner::npos ? Result::NotXml : ReadPiece(chapter, pos, cut);
+        }
+        if (result == Result::NotXml)
+            break;
+        if (result != Result::Ok)
+            return result;
+        pos = cut;
+    }
+    if (end != CXmlScanner::npos && pos == end)
+        return Result::Ok;
+    return ReadChapterContentScanned(chapter, name, pos, next);
+}
+
+// The position of "</name" closing a chapter whose content begins at `from`; `next` is set to
+// the end of that tag. npos when there is none.
+size_t CLayoutReader::FindEndTag(const std::string& name, size_t from, size_t& next) const {
+    std::string_view text(bytes_.Data(), bytes_.Size());
+    std::string tag = "</" + name;
+    for (size_t at = text.find(tag, from); at != std::string_view::npos; at = text.find(tag, at + 1)) {
+        size_t i = at + tag.size();
+        while (i < text.size() && CXmlScanner::IsSpace(text[i]))
+            ++i;
+        if (i < text.size() && text[i] == '>') {
+            next = i + 1;
+            return at;
+        }
+    }
+    return CXmlScanner::npos;
+}
+
+// The first start tag at or after `pos`, or an invalid token.
+CXmlScanner::Token CLayoutReader::NextStartTag(size_t pos, size_t end) const {
+    std::string_view text(bytes_.Data(), end);
+    for (pos = text.find('<', pos); pos != std::string_view::npos; pos = text.find('<', pos + 1)) {
+        Token token = scanner_.Next(pos);
+        if (IsElement(token.kind) || token.kind == Kind::Invalid)
+            return token;
+        pos = token.end - 1;
+    }
+    return {};
+}
+
+// About a piece on from `pos`, the next start tag of the name the piece's children have: that
+// of its second child, as the first is often of a kind of its own (a track system's frame).
+size_t CLayoutReader::GuessCut(size_t pos, size_t end) const {
+    if (end - pos < 2 * kPieceSize)
+        return end;
+    Token child = NextStartTag(pos, end);
+    if (!IsElement(child.kind))
+        return end;
+    size_t afterFirst = scanner_.SkipElement(child);
+    if (afterFirst != CXmlScanner::npos && afterFirst < end) {
+        Token second = NextStartTag(afterFirst, end);
+        if (IsElement(second.kind))
+            child = second;
+    }
+    std::string_view text(bytes_.Data(), end);
+    std::string tag = "<" + std::string(child.name);
+    for (size_t at = text.find(tag, pos + kPieceSize); at != std::string_view::npos;
+         at = text.find(tag, at + 1)) {
+        char after = at + tag.size() < end ? text[at + tag.size()] : '\0';
+        if (CXmlScanner::IsSpace(after) || after == '/' || after == '>')
+            return at;
+    }
+    return end;
+}
+
+// The first child boundary at least a piece on from `pos`, found by reading the children's
+// markup; `end` when the chapter ends first, npos when the markup is broken.
+size_t CLayoutReader::ScannedCut(size_t pos, size_t end) const {
+    size_t from = pos;
+    while (pos < end) {
+        Token token = scanner_.Next(pos);
+        if (token.kind == Kind::Invalid || token.kind == Kind::Doctype || token.kind == Kind::EndTag)
+            return CXmlScanner::npos;
+        if (IsElement(token.kind)) {
+            if (token.begin - from >= kPieceSize && token.begin > from)
+                return token.begin;
+            pos = scanner_.SkipElement(token);
+            if (pos == CXmlScanner::npos)
+                return pos;
+            continue;
+        }
+        pos = token.end;
+    }
+    return pos == end ? end : CXmlScanner::npos;
+}
+
+// The same, reading every child's markup to find where it ends.
+CLayoutReader::Result CLayoutReader::ReadChapterContentScanned(INode& chapter, const std::string& name,
+                                                               size_t pos, size_t& next) {
     size_t pieceBegin = pos;
     bool pieceHasElement = false;
-    emptyPairs_.clear();
     while (true) {
         Token token = scanner_.Next(pos);
         if (token.kind == Kind::EndTag) {
             if (token.name != name)
                 return Result::NotXml;
-            if (token.begin == startTag.end)
-                chapter.SetWrittenAsPair(true);
             next = token.end;
             return pieceBegin < token.begin ? ReadPiece(chapter, pieceBegin, token.begin) : Result::Ok;
         }
@@ -213,7 +337,7 @@ CLayoutReader::Result CLayoutReader::ReadChapterContent(INode& chapter, const To
                 pieceBegin = token.begin;
             }
             pieceHasElement = true;
-            pos = scanner_.SkipElement(token, &emptyPairs_);
+            pos = scanner_.SkipElement(token);
             if (pos == CXmlScanner::npos)
                 return Result::NotXml;
             continue;
@@ -237,12 +361,10 @@ CLayoutReader::Result CLayoutReader::ReadPiece(INode& parent, size_t begin, size
         return Result::NotXml;
     bool ok;
     {
-        CParseSource source(std::string_view(bytes_.Data(), bytes_.Size()), begin, kPieceOpen.size(),
-                            emptyPairs_);
+        CParseSource source(std::string_view(bytes_.Data(), bytes_.Size()), begin, end, kPieceOpen.size());
         pugi::xml_node wrapper = document.document_element();
         ok = ParseChildren(parent, wrapper);
     }
-    emptyPairs_.clear();
     bytes_.ReleaseBefore(end);
     return ok ? Result::Ok : Result::Failed;
 }

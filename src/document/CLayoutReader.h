@@ -43,6 +43,11 @@ private:
     Result ReadRootContent(INode& root, const Token& rootTag, const std::string& rootName, size_t& rootEnd);
     Result ReadChapter(INode& root, const Token& startTag, size_t& next);
     Result ReadChapterContent(INode& chapter, const Token& startTag, size_t& next);
+    Result ReadChapterContentScanned(INode& chapter, const std::string& name, size_t pos, size_t& next);
+    size_t FindEndTag(const std::string& name, size_t from, size_t& next) const;
+    size_t GuessCut(size_t pos, size_t end) const;
+    size_t ScannedCut(size_t pos, size_t end) const;
+    Token NextStartTag(size_t pos, size_t end) const;
     bool ReadEpilog(size_t rootEnd, std::string_view rootName);
     // Parses a start tag as an empty element and makes the node of it.
     std::unique_ptr<INode> NodeOfStartTag(INode* parent, const Token& tag, Result& result);
@@ -52,7 +57,6 @@ private:
     CFileBytes& bytes_;
     CAnlage& anlage_;
     CXmlScanner scanner_;
-    std::vector<size_t> emptyPairs_;
     std::string prolog_;
     std::string epilog_;
 };

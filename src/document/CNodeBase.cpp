@@ -43,6 +43,18 @@ bool CNodeBase::ParseAttributes(const XmlElement& element) {
     }
 }
 
+void CNodeBase::ReadAttributes(const XmlElement& element, CDictionary& store,
+                               const std::function<bool(std::string_view, std::string_view)>& take) {
+    for (pugi::xml_attribute attribute : element.attributes()) {
+        std::string_view name = attribute.name();
+        int16_t key = AttributeNames().PutString(name);
+        if (take(name, attribute.value()))
+            store.Add(key, kOwnedValue);
+        else
+            store.Add(key, attribute.value());
+    }
+}
+
 bool CNodeBase::ParseSubnodes(XmlElement& element) {
     if (!element.first_child())
         return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 
 #include "core/CDictionary.h"
@@ -77,6 +78,10 @@ protected:
     virtual bool WriteOwnedChild(CXmlWriter&, uint8_t, int) { return true; }
     // A child of one of the class's own order was read; called before the class stores it.
     void NoteOwnedChild(uint8_t slot);
+    // Reads an element's attributes into a store as ParseAttributes does: `take` keeps a
+    // value of the class's own (true) or leaves it to be kept as text.
+    static void ReadAttributes(const XmlElement& element, CDictionary& store,
+                               const std::function<bool(std::string_view, std::string_view)>& take);
     bool Reading() const { return reading_; }
 
     // For classes that take no children: a hint and false when some arrived nevertheless.

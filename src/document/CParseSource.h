@@ -13,11 +13,9 @@ namespace kavrin {
 // an empty element written as "<X></X>" is written back so.
 class CParseSource {
 public:
-    // The parser reads a copy of file[sliceBegin, ...) that starts `prefix` bytes later in its
-    // buffer (the wrapper element around the piece). `emptyPairs` holds the file positions of
-    // start tags directly followed by their end tag, ascending.
-    CParseSource(std::string_view file, size_t sliceBegin, size_t prefix,
-                 const std::vector<size_t>& emptyPairs);
+    // The parser reads a copy of file[sliceBegin, sliceEnd) that starts `prefix` bytes later in
+    // its buffer (the wrapper element around the piece).
+    CParseSource(std::string_view file, size_t sliceBegin, size_t sliceEnd, size_t prefix);
     ~CParseSource();
     CParseSource(const CParseSource&) = delete;
     CParseSource& operator=(const CParseSource&) = delete;
@@ -36,11 +34,14 @@ private:
     // Where the markup of a node begins in the file: `lead` characters before the name the
     // parser reports, which must read `opening` there; npos when unknown.
     size_t FilePosition(const XmlElement& node, size_t lead, std::string_view opening) const;
+    size_t MarkupStart(const XmlElement& node) const;
+    size_t MarkupEnd(const XmlElement& element, int depth) const;
+    size_t BackOverSpace(size_t position) const;
 
     std::string_view file_;
     size_t sliceBegin_;
+    size_t sliceEnd_;
     size_t prefix_;
-    const std::vector<size_t>& emptyPairs_;
     const CParseSource* previous_;
 };
 

@@ -16,6 +16,15 @@ size_t CXmlScanner::Find(std::string_view text, size_t from) const {
     return from >= size_ ? npos : all.find(text, from);
 }
 
+// The first quote of either kind in [begin, end), or npos; a '<' there makes the tag invalid,
+// which the parser then reports.
+size_t CXmlScanner::FirstQuote(size_t begin, size_t end) const {
+    for (size_t i = begin; i < end; ++i)
+        if (data_[i] == '"' || data_[i] == '\'')
+            return i;
+    return npos;
+}
+
 bool CXmlScanner::OnlySpace(size_t begin, size_t end) const {
     for (size_t i = begin; i < end; ++i)
         if (!IsSpace(data_[i]))
@@ -95,30 +104,33 @@ CXmlScanner::Token CXmlScanner::Tag(size_t pos) const {
             return {Kind::Invalid, pos, size_, {}};
         return {Kind::EndTag, pos, end + 1, name};
     }
-    // Attribute values may hold '>' and '/': only quotes decide where the tag ends.
-    for (; i < size_; ++i) {
-        char c = data_[i];
-        if (c == '"' || c == '\'') {
-            i = Find(c, i + 1);
-            if (i == npos)
-                break;
-        } else if (c == '>') {
-            Kind kind = data_[i - 1] == '/' ? Kind::EmptyTag : Kind::StartTag;
-            return {kind, pos, i + 1, name};
-        } else if (c == '<') {
+    // Attribute values may hold '>' and '/': only quotes decide where the tag ends. From one
+    // '>' back to the last quote before it, the next quoted value is skipped whole.
+    size_t close = 0;
+    while (i < size_) {
+        if (close < i)
+            close = Find('>', i);
+        if (close == npos)
             break;
+        size_t quote = FirstQuote(i, close);
+        if (quote == npos) {
+            Kind kind = data_[close - 1] == '/' ? Kind::EmptyTag : Kind::StartTag;
+            return {kind, pos, close + 1, name};
         }
+        size_t end = Find(data_[quote], quote + 1);
+        if (end == npos)
+            break;
+        i = end + 1;
     }
     return {Kind::Invalid, pos, size_, {}};
 }
 
-size_t CXmlScanner::SkipElement(const Token& start, std::vector<size_t>* emptyPairs) const {
+size_t CXmlScanner::SkipElement(const Token& start) const {
     if (start.kind == Kind::EmptyTag)
         return start.end;
     if (start.kind != Kind::StartTag)
         return npos;
     int depth = 1;
-    size_t lastStartBegin = start.begin, lastStartEnd = start.end;
     size_t pos = start.end;
     while (true) {
         size_t lt = Find('<', pos);
@@ -130,12 +142,8 @@ size_t CXmlScanner::SkipElement(const Token& start, std::vector<size_t>* emptyPa
             return npos;
         case Kind::StartTag:
             ++depth;
-            lastStartBegin = token.begin;
-            lastStartEnd = token.end;
             break;
         case Kind::EndTag:
-            if (emptyPairs && token.begin == lastStartEnd)
-                emptyPairs->push_back(lastStartBegin);
             if (--depth == 0)
                 return token.end;
             break;

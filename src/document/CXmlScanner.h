@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 namespace kavrin {
 
@@ -26,9 +25,8 @@ public:
     // cannot be markup.
     Token Next(size_t pos) const;
     // Skips an element whose start tag is `start` with everything it holds; returns the
-    // position after its end tag, or npos when the text ends first. Start tags that are
-    // directly followed by their end tag ("<X></X>") are noted in `emptyPairs` when given.
-    size_t SkipElement(const Token& start, std::vector<size_t>* emptyPairs = nullptr) const;
+    // position after its end tag, or npos when the text ends first.
+    size_t SkipElement(const Token& start) const;
 
     const char* Data() const { return data_; }
     size_t Size() const { return size_; }
@@ -42,6 +40,7 @@ private:
     Token Delimited(size_t pos, Kind kind, std::string_view close) const;
     Token DoctypeAt(size_t pos) const;
     size_t Find(char c, size_t from) const;
+    size_t FirstQuote(size_t begin, size_t end) const;
     size_t Find(std::string_view text, size_t from) const;
 
     const char* data_;

@@ -64,7 +64,8 @@ public:
     virtual const char* ClassName() const = 0;
 
     // Offered each child element before a node is made of it: a class that keeps such an
-    // element in a compact form of its own reads it here and answers true.
+    // element in a compact form of its own reads it here and answers true. It declines (false)
+    // whatever it cannot read in full; the element then becomes a node as usual.
     virtual bool TakeElement(const XmlElement& element) = 0;
     // Markup that is written exactly as read instead of as an element (a processing
     // instruction); empty for every element.

@@ -78,14 +78,20 @@ bool ParseChildNode(INode& parent, pugi::xml_node& node) {
 
 bool ParseChildren(INode& parent, XmlElement& element) {
     FParseLog& log = UI().ParseLog();
-    while (pugi::xml_node child = element.first_child()) {
+    // The DOM is consumed while the tree grows, so both never hold a large layout in full; a
+    // file read in pieces frees each piece's DOM whole instead.
+    bool consume = CParseSource::Current() == nullptr;
+    pugi::xml_node child = element.first_child();
+    while (child) {
         UI().ProcessPendingEvents();
         if (log.Cancelled())
             return false;
         if (!ParseChildNode(parent, child))
             return false;
-        // The DOM is consumed while the tree grows, so both never hold a large layout in full.
-        element.remove_child(child);
+        pugi::xml_node next = child.next_sibling();
+        if (consume)
+            element.remove_child(child);
+        child = next;
     }
     return true;
 }

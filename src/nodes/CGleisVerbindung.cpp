@@ -1,6 +1,8 @@
 #include "nodes/CGleisVerbindung.h"
 
-#include "core/CStringPack.h"
+#include <pugixml.hpp>
+
+#include "core/modTools.h"
 #include "document/CXmlWriter.h"
 #include "nodes/CNodeGleisverbindung.h"
 
@@ -23,22 +25,33 @@ CGleisVerbindung& CGleisVerbindung::operator=(const CGleisVerbindung& other) {
     return *this;
 }
 
-CGleisVerbindung CGleisVerbindung::Of(const CNodeGleisverbindung& element) {
-    CGleisVerbindung record(element.GleisID1(), element.Anschluss1(), element.GleisID2(),
-                            element.Anschluss2());
+std::optional<CGleisVerbindung> CGleisVerbindung::Read(const XmlElement& element) {
+    CGleisVerbindung record(-1, -1, -1, -1);
+    Attributes read;
+    for (pugi::xml_attribute attribute : element.attributes()) {
+        std::string_view name = attribute.name(), value = attribute.value();
+        if (name == kUsualNames[0])
+            record.gleisId1_ = CNodeGleisverbindung::TrackId(value);
+        else if (name == kUsualNames[1])
+            record.end1_ = CNodeGleisverbindung::DecodeEnd(value);
+        else if (name == kUsualNames[2])
+            record.gleisId2_ = CNodeGleisverbindung::TrackId(value);
+        else if (name == kUsualNames[3])
+            record.end2_ = CNodeGleisverbindung::DecodeEnd(value);
+        read.emplace_back(name, value);
+    }
+    if (record.gleisId1_ == -1 || record.gleisId2_ == -1 || record.end1_ == -1 || record.end2_ == -1) {
+        AddParseHint(FormatMessage("Unvollständige Anschlussdaten in Gleisverbindung!"));
+        return std::nullopt;
+    }
     const std::string usualValues[] = {
         std::to_string(record.gleisId1_), CNodeGleisverbindung::EncodeEnd(record.end1_),
         std::to_string(record.gleisId2_), CNodeGleisverbindung::EncodeEnd(record.end2_)};
-    const auto& entries = element.Attributes().Entries();
-    bool usual = entries.size() == 4;
+    bool usual = read.size() == 4;
     for (size_t i = 0; usual && i < 4; ++i)
-        usual = AttributeNames().GetString(entries[i].key) == kUsualNames[i] &&
-                entries[i].value == usualValues[i];
-    if (!usual) {
-        record.asRead_ = std::make_unique<Attributes>();
-        for (const auto& entry : entries)
-            record.asRead_->emplace_back(AttributeNames().GetString(entry.key), entry.value);
-    }
+        usual = read[i].first == kUsualNames[i] && read[i].second == usualValues[i];
+    if (!usual)
+        record.asRead_ = std::make_unique<Attributes>(std::move(read));
     return record;
 }
 

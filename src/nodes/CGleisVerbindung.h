@@ -2,13 +2,15 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "document/INode.h"
+
 namespace kavrin {
 
-class CNodeGleisverbindung;
 class CXmlWriter;
 
 // One "Gleisverbindung" record of a track system as the file holds it: two track ends. Records
@@ -18,8 +20,9 @@ class CGleisVerbindung {
 public:
     CGleisVerbindung() = default;
     CGleisVerbindung(int32_t gleisId1, int16_t end1, int32_t gleisId2, int16_t end2);
-    // The record of a read connection element (complete: both ids and both ends known).
-    static CGleisVerbindung Of(const CNodeGleisverbindung& element);
+    // The record of a connection element as read; empty, after a hint, when it lacks an id or
+    // an end.
+    static std::optional<CGleisVerbindung> Read(const XmlElement& element);
 
     CGleisVerbindung(const CGleisVerbindung& other);
     CGleisVerbindung& operator=(const CGleisVerbindung& other);

@@ -2,16 +2,18 @@
 
 namespace kavrin {
 
+int CNodeCharakteristik::ValueIndex(std::string_view name) {
+    static const std::string_view names[] = {"Kruemmung", "Torsion", "Fuehrungsverdrehung", "Laenge"};
+    for (int i = 0; i < 4; ++i)
+        if (name == names[i])
+            return i;
+    return -1;
+}
+
 double* CNodeCharakteristik::Field(std::string_view name) {
-    if (name == "Kruemmung")
-        return &kruemmung_;
-    if (name == "Torsion")
-        return &torsion_;
-    if (name == "Fuehrungsverdrehung")
-        return &fuehrungsverdrehung_;
-    if (name == "Laenge")
-        return &laenge_;
-    return nullptr;
+    double* fields[] = {&kruemmung_, &torsion_, &fuehrungsverdrehung_, &laenge_};
+    int index = ValueIndex(name);
+    return index < 0 ? nullptr : fields[index];
 }
 
 std::string CNodeCharakteristik::CheckAttribute(std::string_view name, std::string_view value) {

@@ -16,6 +16,9 @@ public:
     double Fuehrungsverdrehung() const { return fuehrungsverdrehung_; }
     double Laenge() const { return laenge_; }
 
+    // The four values in the order a track keeps them; the index of a known attribute name or -1.
+    static int ValueIndex(std::string_view name);
+
 private:
     double* Field(std::string_view name);
     double kruemmung_ = 0;

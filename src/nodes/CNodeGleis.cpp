@@ -145,7 +145,13 @@ bool CNodeGleis::AddChild(std::unique_ptr<INode>& child) {
 // The newer format's elements are read straight from the file, without nodes being made of them.
 // A frame with more in it than the curve holds stays a node, but its numbers are read.
 bool CNodeGleis::TakeElement(const XmlElement& element) {
-    std::optional<CTrackCurve::Part> part = CTrackCurve::PartOf(element.name());
+    const char* name = element.name();
+    if (name[0] == 'D')
+        return frame_.OfferElement(element, [this] { NoteOwnedChild(kDreibeinSlot); });
+    if (NameIs(name, "Charakteristik") || NameIs(name, "Anfangsfuehrungsverdrehung") ||
+        NameIs(name, "KontaktZiel"))
+        return TakeClassicElement(element);
+    std::optional<CTrackCurve::Part> part = CTrackCurve::PartOf(name);
     if (!part)
         return false;
     CTrackCurve& curve = NewFormat();
@@ -161,6 +167,57 @@ bool CNodeGleis::TakeElement(const XmlElement& element) {
     curve.Take(element, raw);
     ForgetGeometry();
     return true;
+}
+
+// The classic children, read straight from the file when they hold nothing unusual.
+bool CNodeGleis::TakeClassicElement(const XmlElement& element) {
+    std::string_view name = element.name();
+    if (name == "KontaktZiel") {
+        pugi::xml_node text = element.first_child();
+        if (kontaktZielRead_ || element.first_attribute() ||
+            (text && (text.type() != pugi::node_pcdata || text.next_sibling())))
+            return false;
+        int32_t target = 0;
+        if (!TryTextToLong(text.value(), target))
+            return false; // the node's own path reports the unreadable number
+        NoteOwnedChild(kTargetSlot);
+        SetReadKontaktZiel(target);
+        return true;
+    }
+    if (element.first_child())
+        return false;
+    if (name == "Charakteristik" && !hasCharakteristik_) {
+        NoteOwnedChild(kCharakteristikSlot);
+        double* values[] = {&kruemmung_, &torsion_, &fVerdreh_, &laenge_};
+        ReadAttributes(element, charakteristikAttributes_,
+                       [&values](std::string_view key, std::string_view value) {
+                           int index = CNodeCharakteristik::ValueIndex(key);
+                           if (index >= 0)
+                               *values[index] = TextToNumber(value);
+                           return index >= 0;
+                       });
+        hasCharakteristik_ = true;
+        return true;
+    }
+    if (name == "Anfangsfuehrungsverdrehung" && !hasAnf_) {
+        NoteOwnedChild(kAnfSlot);
+        ReadAttributes(element, anfFuehrAttributes_, [this](std::string_view key, std::string_view value) {
+            if (key != "Wert")
+                return false;
+            anfFuehrVerdrehung_ = TextToNumber(value);
+            return true;
+        });
+        hasAnf_ = true;
+        return true;
+    }
+    return false;
+}
+
+void CNodeGleis::SetReadKontaktZiel(int32_t target) {
+    kontaktZiel_ = target;
+    kontaktZielRead_ = true;
+    if (kontaktZiel_ >= 1 && Anlage())
+        Anlage()->RegisterKontaktziel(kontaktZiel_);
 }
 
 CTrackCurve& CNodeGleis::NewFormat() {
@@ -206,10 +263,7 @@ bool CNodeGleis::TakeKontaktZiel(const INode& child) {
         return false;
     int32_t target = TextToLong(child.Text());
     NoteOwnedChild(kTargetSlot);
-    kontaktZiel_ = target;
-    kontaktZielRead_ = true;
-    if (kontaktZiel_ >= 1 && Anlage())
-        Anlage()->RegisterKontaktziel(kontaktZiel_);
+    SetReadKontaktZiel(target);
     return true;
 }
 

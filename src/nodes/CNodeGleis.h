@@ -112,6 +112,8 @@ protected:
 private:
     bool ConsumeChild(std::unique_ptr<INode>& child);
     bool TakeKontaktZiel(const INode& child);
+    bool TakeClassicElement(const XmlElement& element);
+    void SetReadKontaktZiel(int32_t target);
     CTrackCurve& NewFormat();
     // A frame the curve could not take stays a node; its numbers follow the track's.
     void UpdateKeptFrame();

@@ -1,6 +1,7 @@
 #include "nodes/CNodeGleisSys.h"
 
 #include <algorithm>
+#include <pugixml.hpp>
 #include <unordered_set>
 
 #include "document/CAnlage.h"
@@ -50,14 +51,28 @@ bool CNodeGleisSys::WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instan
     return true;
 }
 
+// Connection records are read straight from the file; one with child elements is not a
+// connection the system knows and stays as read.
+bool CNodeGleisSys::TakeElement(const XmlElement& element) {
+    if (frame_.OfferElement(element, [this] { NoteOwnedChild(kFrameSlot); }))
+        return true;
+    if (std::string_view(element.name()) != "Gleisverbindung" || element.first_child())
+        return false;
+    TakeConnection(CGleisVerbindung::Read(element));
+    return true;
+}
+
 bool CNodeGleisSys::AddChild(std::unique_ptr<INode>& child) {
     if (frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }))
         return true;
-    if (auto* connection = dynamic_cast<CNodeGleisverbindung*>(child.get()))
-        return TakeConnection(*connection);
     if (auto* track = dynamic_cast<CNodeGleis*>(child.get())) {
         track->SetGleisSysID(id_);
         gleise_.Add(track);
+    } else if (child->Name() == "Gleisverbindung") {
+        AddParseHint(
+            FormatMessage("Eine Gleisverbindung mit Unterelementen im Gleissystem %1 bleibt, wie sie ist,%n"
+                          "verbindet aber keine Gleise.",
+                          id_));
     }
     return CNodeBase::AddChild(child);
 }
@@ -65,23 +80,21 @@ bool CNodeGleisSys::AddChild(std::unique_ptr<INode>& child) {
 // The tracks must have been read before their connections, as the simulator writes them. A
 // record that cannot be a connection is dropped, and the layout counts as changed, so that the
 // user sees the repair.
-bool CNodeGleisSys::TakeConnection(CNodeGleisverbindung& connection) {
-    bool complete = connection.IsComplete();
-    if (complete && (!gleise_.Find(connection.GleisID1()) || !gleise_.Find(connection.GleisID2()))) {
+void CNodeGleisSys::TakeConnection(std::optional<CGleisVerbindung> record) {
+    if (record && (!gleise_.Find(record->GleisID1()) || !gleise_.Find(record->GleisID2()))) {
         AddParseHint(FormatMessage("Gleisverbindung von Gleis %1 zu Gleis %2 im Gleissystem %3 verworfen:%n"
                                    "eines der beiden Gleise gibt es nicht.",
-                                   connection.GleisID1(), connection.GleisID2(), id_));
-        complete = false;
+                                   record->GleisID1(), record->GleisID2(), id_));
+        record.reset();
     }
-    if (!complete) {
+    if (!record) {
         if (Anlage())
             Anlage()->SetChangedWhileLoading();
-        return true;
+        return;
     }
     NoteOwnedChild(kConnectionSlot);
-    verbindungen_.push_back(CGleisVerbindung::Of(connection));
+    verbindungen_.push_back(std::move(*record));
     LinkEnds(verbindungen_.back());
-    return true;
 }
 
 void CNodeGleisSys::LinkEnds(const CGleisVerbindung& record) {

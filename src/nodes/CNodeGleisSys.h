@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "document/CNodeBase.h"
@@ -23,6 +24,7 @@ public:
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
+    bool TakeElement(const XmlElement& element) override;
     void Clear() override;
 
     std::unique_ptr<INode> Clone() const override;
@@ -58,7 +60,8 @@ protected:
     bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
 
 private:
-    bool TakeConnection(CNodeGleisverbindung& connection);
+    // Keeps a record read from the file; drops one that is empty or names a missing track.
+    void TakeConnection(std::optional<CGleisVerbindung> record);
     // Each track end names the first record that joins it.
     void LinkEnds(const CGleisVerbindung& record);
     void RelinkEnds(const std::vector<CGleisVerbindung>& changed);

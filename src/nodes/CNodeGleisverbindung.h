@@ -27,9 +27,10 @@ public:
     static int16_t DecodeEnd(std::string_view word);
     static const char* EncodeEnd(int16_t end);
 
-private:
+    // A track id as a connection holds it; one that is no number is named in a hint and gives -1.
     static int32_t TrackId(std::string_view text);
 
+private:
     int32_t gleisId1_ = -1;
     int16_t anschluss1_ = -1;
     int32_t gleisId2_ = -1;

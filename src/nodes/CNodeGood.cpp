@@ -21,6 +21,10 @@ namespace {
 constexpr uint8_t kFrameSlot = 1;
 }
 
+bool CNodeGood::TakeElement(const XmlElement& element) {
+    return frame_.OfferElement(element, [this] { NoteOwnedChild(kFrameSlot); });
+}
+
 bool CNodeGood::AddChild(std::unique_ptr<INode>& child) {
     return frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }) || CNodeBase::AddChild(child);
 }

@@ -16,6 +16,7 @@ public:
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
+    bool TakeElement(const XmlElement& element) override;
 
     int16_t GsbNameId() const { return gsbNameId_; }
     const std::string& GsbName() const;

@@ -39,6 +39,10 @@ constexpr uint8_t kPartSlot = 1;
 constexpr uint8_t kFrameSlot = 2;
 } // namespace
 
+bool CNodeImmobilie::TakeElement(const XmlElement& element) {
+    return frame_.OfferElement(element, [this] { NoteOwnedChild(kFrameSlot); });
+}
+
 bool CNodeImmobilie::AddChild(std::unique_ptr<INode>& child) {
     if (dynamic_cast<CNodeBewegTeil*>(child.get()) && child->Name() == "BeweglichesTeil") {
         NoteOwnedChild(kPartSlot);

@@ -22,6 +22,7 @@ public:
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
     bool AddChild(std::unique_ptr<INode>& child) override;
+    bool TakeElement(const XmlElement& element) override;
     void Clear() override;
 
     std::unique_ptr<INode> Clone() const override;

@@ -51,6 +51,10 @@ bool CNodeKollektor::WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int insta
     return true;
 }
 
+bool CNodeKollektor::TakeElement(const XmlElement& element) {
+    return frame_.OfferElement(element, [this] { NoteOwnedChild(kFrameSlot); });
+}
+
 bool CNodeKollektor::AddChild(std::unique_ptr<INode>& child) {
     if (frame_.Offer(child, [this] { NoteOwnedChild(kFrameSlot); }))
         return true;

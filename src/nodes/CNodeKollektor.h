@@ -26,6 +26,7 @@ public:
     std::string CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
+    bool TakeElement(const XmlElement& element) override;
     // Links the named tracks back to this collector.
     bool CheckNode() override;
 

@@ -1,6 +1,8 @@
 #include "nodes/CObjectFrame.h"
 
-#include "core/CDictionary.h"
+#include <pugixml.hpp>
+
+#include "core/modTools.h"
 #include "document/NodeTree.h"
 #include "nodes/CNodeDreibein.h"
 #include "nodes/modNodes.h"
@@ -9,6 +11,49 @@ namespace kavrin {
 
 CObjectFrame::CObjectFrame() = default;
 CObjectFrame::~CObjectFrame() = default;
+
+namespace {
+const char* const kVectorNames[] = {"Pos", "Dir", "Nor", "Bin"};
+
+// x, y and z in this order and the vector's name as the only content.
+bool IsPlainVector(const pugi::xml_node& vektor, const char* name) {
+    if (vektor.type() != pugi::node_element || !NameIs(vektor.name(), "Vektor"))
+        return false;
+    pugi::xml_attribute a = vektor.first_attribute();
+    for (const char* coordinate : {"x", "y", "z"}) {
+        if (!a || !NameIs(a.name(), coordinate))
+            return false;
+        a = a.next_attribute();
+    }
+    pugi::xml_node text = vektor.first_child();
+    return !a && text && text.type() == pugi::node_pcdata && !text.next_sibling() &&
+           NameIs(text.value(), name);
+}
+} // namespace
+
+bool CObjectFrame::IsPlainElement(const XmlElement& element) {
+    if (!NameIs(element.name(), "Dreibein") || element.first_attribute())
+        return false;
+    pugi::xml_node vektor = element.first_child();
+    for (const char* name : kVectorNames) {
+        if (!IsPlainVector(vektor, name))
+            return false;
+        vektor = vektor.next_sibling();
+    }
+    return !vektor;
+}
+
+void CObjectFrame::TakeElement(const XmlElement& element) {
+    pugi::xml_node vektor = element.first_child();
+    for (CVector* target : {&frame_.Pos(), &frame_.Dir(), &frame_.Nor(), &frame_.Bin()}) {
+        pugi::xml_attribute a = vektor.first_attribute();
+        target->X = TextToNumber(a.value());
+        target->Y = TextToNumber(a.next_attribute().value());
+        target->Z = TextToNumber(a.next_attribute().next_attribute().value());
+        vektor = vektor.next_sibling();
+    }
+    present_ = true;
+}
 
 bool CObjectFrame::CanTake(const INode& child) const {
     return !present_ && child.Name() == "Dreibein" && dynamic_cast<const CNodeDreibein*>(&child);

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "document/INode.h"
 #include "nodes/C3Bein.h"
 
 namespace kavrin {
@@ -34,6 +35,15 @@ public:
         Take(child);
         return true;
     }
+    // The commonest case, read straight from the file without nodes: a first "Dreibein" of four
+    // plain vectors in their usual order. The owner notes the slot first through `note`.
+    template <typename Note> bool OfferElement(const XmlElement& element, Note note) {
+        if (present_ || !IsPlainElement(element))
+            return false;
+        note();
+        TakeElement(element);
+        return true;
+    }
     // Writes the frame as read; an object read without one is written without one.
     bool Write(CXmlWriter& writer) const;
     // Value copy of another object's frame (own vectors); owner becomes the kept child's parent.
@@ -45,6 +55,9 @@ public:
     void MovePos(double dx, double dy) { frame_.Move(dx, dy, 0); }
 
 private:
+    static bool IsPlainElement(const XmlElement& element);
+    void TakeElement(const XmlElement& element);
+
     C3Bein frame_;
     std::unique_ptr<CNodeDreibein> kept_;
     bool present_ = false;
