@@ -56,14 +56,17 @@ bool CNodeDreibein::AddChild(std::unique_ptr<INode>& child) {
                           vektor->Text()));
     if (index < 0 || repeated)
         return CNodeBase::AddChild(child);
-    GrabVector(*vektor);
-    read_ |= static_cast<uint8_t>(1 << index);
+    uint8_t bit = static_cast<uint8_t>(1 << index);
     if (vektor->IsPlain()) {
-        NoteOwnedChild(static_cast<uint8_t>(index + 1));
+        NoteOwnedChild(static_cast<uint8_t>(index + 1)); // noted before the frame holds it
+        GrabVector(*vektor);
+        read_ |= bit;
         return true; // released: the values live on in the frame
     }
+    GrabVector(*vektor);
+    read_ |= bit;
+    linked_ |= bit;
     vektor->Link(FrameVector(vektor->Text()));
-    linked_ |= static_cast<uint8_t>(1 << index);
     return CNodeBase::AddChild(child);
 }
 
@@ -80,8 +83,8 @@ int CNodeDreibein::OwnedChildCount(uint8_t slot) const {
     uint8_t bit = static_cast<uint8_t>(1 << (slot - 1));
     if (linked_ & bit)
         return 0;
-    if (read_ & bit)
-        return 1;
+    if ((read_ & bit) || Reading())
+        return (read_ & bit) ? 1 : 0;
     const CVector* vectors[] = {&frame_->Pos(), &frame_->Dir(), &frame_->Nor(), &frame_->Bin()};
     return !partial_ || !IsZero(*vectors[slot - 1]) ? 1 : 0;
 }
