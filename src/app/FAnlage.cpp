@@ -167,6 +167,7 @@ void FAnlage::CreateMenus() {
     connect(saveAs, &QAction::triggered, this, [this] { SaveAs(); });
     QAction* close = mnuFile_->addAction(ToQt(FormatMessage("S&chließen")));
     close->setObjectName(QStringLiteral("mnuFileClose"));
+    close->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
     connect(close, &QAction::triggered, this, [this] {
         if (QMdiSubWindow* sub = SubWindow())
             sub->close();
@@ -253,6 +254,7 @@ void FAnlage::UpdateCaption() {
     QFileInfo file(QString::fromStdString(FileName()));
     setWindowTitle(file.fileName() + QLatin1String("[*]"));
     setWindowModified(Changed());
+    main_.UpdateTitle();
 }
 
 void FAnlage::RepaintPlan() {

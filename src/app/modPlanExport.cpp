@@ -5,6 +5,7 @@
 #include <QSaveFile>
 
 #include "app/CQtCanvas.h"
+#include "app/CSvgCanvas.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
 
@@ -30,6 +31,33 @@ bool WritePlanPng(int width, int height, const std::function<bool(Canvas&)>& dra
         return false;
     }
     return true;
+}
+
+bool WritePlanSvg(int width, int height, const std::function<bool(Canvas&)>& draw, const std::string& path,
+                  std::string& error) {
+    CSvgCanvas canvas(width, height);
+    draw(canvas);
+    const std::string document = canvas.Document();
+    QSaveFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::WriteOnly) ||
+        file.write(document.data(), static_cast<qint64>(document.size())) !=
+            static_cast<qint64>(document.size()) ||
+        !file.commit()) {
+        error = FormatMessage("Das Bild%n%1%nkonnte nicht gespeichert werden:%n%2", path,
+                              FromQt(file.errorString()));
+        return false;
+    }
+    return true;
+}
+
+bool IsSvgName(const std::string& path) {
+    return QString::fromStdString(path).endsWith(QLatin1String(".svg"), Qt::CaseInsensitive);
+}
+
+bool WritePlanPicture(int width, int height, const std::function<bool(Canvas&)>& draw,
+                      const std::string& path, std::string& error) {
+    return IsSvgName(path) ? WritePlanSvg(width, height, draw, path, error)
+                           : WritePlanPng(width, height, draw, path, error);
 }
 
 } // namespace kavrin

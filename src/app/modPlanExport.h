@@ -13,6 +13,15 @@ class Canvas;
 bool WritePlanPng(int width, int height, const std::function<bool(Canvas&)>& draw, const std::string& path,
                   std::string& error);
 
+// The same as an SVG picture of width x height pixels, drawn through the SVG canvas.
+bool WritePlanSvg(int width, int height, const std::function<bool(Canvas&)>& draw, const std::string& path,
+                  std::string& error);
+
+// PNG or SVG by the name's ending (".svg" in any case gives SVG).
+bool WritePlanPicture(int width, int height, const std::function<bool(Canvas&)>& draw,
+                      const std::string& path, std::string& error);
+bool IsSvgName(const std::string& path);
+
 // Whether the plan is drawn with smoothed edges (the window and the export agree).
 inline constexpr bool kPlanAntialiasing = false;
 
