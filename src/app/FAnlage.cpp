@@ -32,6 +32,7 @@
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/LayoutLookup.h"
 #include "plan/CPlanPainter.h"
+#include "plan/CTerrainFiles.h"
 
 namespace kavrin {
 
@@ -210,21 +211,56 @@ bool FAnlage::Save() {
 
 bool FAnlage::SaveAs() {
     QString folder = QFileInfo(QString::fromStdString(FileName())).absolutePath();
-    std::string path = SaveFileDialog(this, FileName().empty() ? std::string() : FromQt(folder), ".anl3");
+    // The dialog does not ask about replacing: SaveAs asks, after the in-use test.
+    std::string path =
+        SaveFileDialog(this, FileName().empty() ? std::string() : FromQt(folder), ".anl3", false);
     if (path.empty())
         return false;
     return SaveAs(path);
 }
 
+namespace {
+std::string FolderOf(const std::string& path) {
+    return FromQt(QFileInfo(QString::fromStdString(path)).absolutePath());
+}
+
+bool MayReplace(const std::string& path) {
+    return Ask(FormatMessage("Die Datei%n%1%ngibt es schon.%mMöchten Sie sie ersetzen?", path));
+}
+} // namespace
+
+// The in-use refusal comes first: there is no point asking whether to replace a layout that
+// may not be replaced anyway.
 bool FAnlage::SaveAs(const std::string& file) {
     std::string path = NormalPath(file);
     if (path.empty() || main_.AnlageInUse(path, this))
         return false;
+    if (path != FileName() && FileExists(path) && !MayReplace(path))
+        return false;
+    const std::string oldFolder = FileName().empty() ? std::string() : FolderOf(FileName());
     bool ok = anlage_->Save(path);
     UpdateCaption();
-    if (ok)
+    if (ok) {
         main_.AddRecentFile(path);
+        if (!oldFolder.empty())
+            CopyTerrainBitmaps(oldFolder, FolderOf(path));
+    }
     return ok;
+}
+
+// A layout saved into another folder takes its terrain bitmaps along, so that it opens there
+// with its colour map. Each file that is there already is replaced only when the user agrees.
+void FAnlage::CopyTerrainBitmaps(const std::string& fromFolder, const std::string& toFolder) {
+    const CNodeLandschaft* terrain = FindTerrain(*anlage_);
+    if (!terrain)
+        return;
+    for (const CTerrainFiles::Copy& copy : CTerrainFiles::ToCopy(*terrain, fromFolder, toFolder)) {
+        if (FileExists(copy.target) && !MayReplace(copy.target))
+            continue;
+        std::string error;
+        if (!CTerrainFiles::CopyFile(copy, error))
+            ErrorBox(error);
+    }
 }
 
 // Yes keeps the window open, so that the user saves through the menu; No closes it without

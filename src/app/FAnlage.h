@@ -41,7 +41,8 @@ public:
     bool Save();
     // Asks for a new name (save dialog) and saves under it.
     bool SaveAs();
-    // Saves under `path`, unless another window has that layout open.
+    // Saves under `path`, unless another window has that layout open or the user does not want
+    // an existing file replaced; in another folder the terrain bitmaps go along.
     bool SaveAs(const std::string& path);
 
     // The close question; true when the window may close.
@@ -86,6 +87,7 @@ private:
     QWidget* CreateStatusStrip();
     void ConnectCommands();
     void UpdateCaption();
+    void CopyTerrainBitmaps(const std::string& fromFolder, const std::string& toFolder);
 
     void InitPlan();
     void CheckTerrainBitmaps();
