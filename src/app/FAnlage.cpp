@@ -23,8 +23,12 @@
 #include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
 #include "app/FHeightFilter.h"
+#include "app/FInventory.h"
 #include "app/FMain.h"
+#include "app/FPlanExport.h"
+#include "app/FSearch.h"
 #include "app/modDialogs.h"
+#include "app/modPlanExport.h"
 #include "app/modPlanTexts.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
@@ -149,7 +153,7 @@ FAnlage::~FAnlage() {
 }
 
 std::vector<QMenu*> FAnlage::Menus() const {
-    return {mnuFile_, commands_->AnlageMenu()};
+    return {mnuFile_, mnuEdit_, commands_->AnlageMenu()};
 }
 
 void FAnlage::CreateMenus() {
@@ -174,9 +178,28 @@ void FAnlage::CreateMenus() {
             sub->close();
     });
 
+    mnuFile_->addSeparator();
+    QAction* exportPlan = mnuFile_->addAction(ToQt(FormatMessage("Plan e&xportieren…")));
+    exportPlan->setObjectName(QStringLiteral("mnuFileExport"));
+    connect(exportPlan, &QAction::triggered, this, &FAnlage::ExportPlanDialog);
+
     mnuFile_->addSeparator()->setObjectName(QStringLiteral("mnuFileMruSep"));
     mnuFile_->addSeparator();
     mnuFile_->addAction(main_.findChild<QAction*>(QStringLiteral("mnuFileQuit")));
+
+    mnuEdit_ = new QMenu(ToQt(FormatMessage("&Bearbeiten")), this);
+    mnuEdit_->setObjectName(QStringLiteral("mnuEdit"));
+    QAction* find = mnuEdit_->addAction(ToQt(FormatMessage("&Suchen…")));
+    find->setObjectName(QStringLiteral("mnuEditFind"));
+    find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
+    connect(find, &QAction::triggered, this, &FAnlage::ShowSearch);
+
+    // The inventory belongs to the layout's own menu, after the view commands.
+    QMenu* anlage = commands_->AnlageMenu();
+    anlage->addSeparator();
+    QAction* inventory = anlage->addAction(ToQt(FormatMessage("&Inventar…")));
+    inventory->setObjectName(QStringLiteral("mnuAnlInventory"));
+    connect(inventory, &QAction::triggered, this, &FAnlage::ShowInventory);
 }
 
 QMdiSubWindow* FAnlage::SubWindow() const {
@@ -484,6 +507,94 @@ void FAnlage::EditHeightFilter() {
         picPlan_->Invalidate();
     }
     commands_->ShowHeightFilterActive(filter.Active());
+}
+
+void FAnlage::ExportPlanDialog() {
+    if (!view_.Scaled())
+        return;
+    const double viewAspect = view_.Width() / -view_.Height();
+    FPlanExport dialog(picPlan_->width(), viewAspect, view_.Aspect(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const std::string folder = FileName().empty() ? std::string() : FolderOf(FileName());
+    std::string path = SaveFileDialog(this, folder, dialog.Svg() ? ".svg" : ".png");
+    if (!path.empty())
+        ExportPlan(dialog.WholeLayout(), dialog.PixelWidth(), path);
+}
+
+// The export draws on a view of its own: the window's view at another pixel size keeps its
+// centre and zoom; the whole layout is zoom 1 at the layout's own shape.
+bool FAnlage::ExportPlan(bool wholeLayout, int width, const std::string& path) {
+    if (!view_.Scaled() || width < 1)
+        return false;
+    CPlanView view = view_;
+    const double aspect = wholeLayout ? view_.Aspect() : view_.Width() / -view_.Height();
+    const int height = std::max(1, static_cast<int>(std::lround(width / aspect)));
+    view.SetClientSize(width, height);
+    if (wholeLayout)
+        view.World();
+    view.ScalePlan();
+    CPlanPainter painter(*anlage_, view, main_.Options());
+    painter.WithNames = picPlan_->Painter().WithNames;
+    painter.WithSignals = picPlan_->Painter().WithSignals;
+    painter.Background = picPlan_->Painter().Background;
+    std::string error;
+    UI().SetWaitCursor(true);
+    const bool ok = WritePlanPicture(
+        width, height, [&painter](Canvas& canvas) { return painter.DrawAll(canvas); }, path, error);
+    UI().SetWaitCursor(false);
+    // The drawing flags of the nodes now tell about the export; the window draws anew.
+    picPlan_->Invalidate();
+    if (!ok)
+        ErrorBox(error);
+    return ok;
+}
+
+FSearch* FAnlage::ShowSearch() {
+    if (!search_) {
+        search_ = new FSearch(*anlage_, this);
+        search_->setWindowTitle(ToQt(
+            FormatMessage("Suchen - %1", FromQt(QFileInfo(QString::fromStdString(FileName())).fileName()))));
+        connect(search_, &FSearch::HitChosen, this, &FAnlage::JumpTo);
+    }
+    search_->show();
+    search_->raise();
+    search_->activateWindow();
+    return search_;
+}
+
+void FAnlage::ShowInventory() {
+    FInventory dialog(*anlage_, FromQt(QFileInfo(QString::fromStdString(FileName())).fileName()), this);
+    dialog.exec();
+}
+
+// The hit is shown, hidden or not: a hidden one at least shows where it would be.
+// Once the plan has a selection, a hit that may be selected (Consider(2)) is selected here.
+void FAnlage::JumpTo(const CObjectSearch::Hit& hit) {
+    ShowPlace(hit.x, hit.y);
+}
+
+void FAnlage::ShowPlace(double x, double y) {
+    if (!view_.Scaled() || !std::isfinite(x) || !std::isfinite(y))
+        return;
+    const std::vector<float>& steps = view_.ZoomSteps();
+    const double wanted = std::max(view_.ExtX(), view_.ExtY()) / 8000.0;
+    int index = static_cast<int>(steps.size()) - 1;
+    for (int i = 0; i < static_cast<int>(steps.size()); ++i)
+        if (steps[static_cast<size_t>(i)] >= wanted) {
+            index = i;
+            break;
+        }
+    {
+        QSignalBlocker quiet(cbZoom_);
+        cbZoom_->setCurrentIndex(index);
+    }
+    view_.SelectZoom(index);
+    view_.SetCentre(x, y);
+    view_.ScalePlan();
+    KeepViewOnLayout();
+    UpdateZoomCommands();
+    RescalePlan();
 }
 
 void FAnlage::ShowHeightFilterStatus() {

@@ -28,6 +28,7 @@
 #include "app/CSettingsStore.h"
 #include "app/FAbout.h"
 #include "app/FAnlage.h"
+#include "app/FHelpText.h"
 #include "app/FOptSettings.h"
 #include "app/FParseLogWindow.h"
 #include "app/modDialogs.h"
@@ -465,16 +466,56 @@ void FMain::OpenMru(int index) {
 }
 
 void FMain::ShowAnleitung() {
-    ShowFile("KurzAnleitung.pdf");
+    std::string path = HelpFilePath("KurzAnleitung.pdf");
+    if (!FileExists(path)) {
+        ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
+        return;
+    }
+    int result = ShellOpen(path, this);
+    // Without a program for PDF files the guide is shown here, from its HTML source.
+    std::string html = HelpFilePath("KurzAnleitung.html");
+    if (result == kShellNoAssociation && FileExists(html) &&
+        ShowHelpText(FormatMessage("Kurzanleitung"), html))
+        return;
+    std::string error = ShellOpenErrorText(path, result);
+    if (!error.empty())
+        ErrorBox(error);
 }
 
 void FMain::ShowWasIsNeu() {
-    ShowFile("WasIsNeu.txt");
+    std::string path = HelpFilePath("WasIsNeu.txt");
+    if (!FileExists(path)) {
+        ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
+        return;
+    }
+    if (!ShowHelpText(FormatMessage("Was ist neu?"), path))
+        ErrorBox(FormatMessage("Sorry, aber die Datei%m%1%mkann nicht angezeigt werden", path));
+}
+
+bool FMain::ShowHelpText(const std::string& title, const std::string& path) {
+    auto* window = new FHelpText(title, this);
+    if (!window->ShowFile(path)) {
+        delete window;
+        return false;
+    }
+    window->show();
+    window->raise();
+    return true;
+}
+
+// The help files lie next to the program; an installed Kavrin keeps them in its share folder.
+std::string FMain::HelpFilePath(const std::string& name) {
+    const QString programFolder = QCoreApplication::applicationDirPath();
+    std::string path = JoinPath(FromQt(QDir::toNativeSeparators(programFolder)), name);
+    if (FileExists(path))
+        return path;
+    std::string shared = FromQt(QDir::toNativeSeparators(
+        QDir(programFolder).absoluteFilePath(QStringLiteral("../share/kavrin/") + ToQt(name))));
+    return FileExists(shared) ? shared : path;
 }
 
 void FMain::ShowFile(const std::string& name) {
-    std::string directory = FromQt(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
-    std::string path = JoinPath(directory, name);
+    std::string path = HelpFilePath(name);
     if (!FileExists(path)) {
         ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
         return;

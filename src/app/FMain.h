@@ -41,10 +41,14 @@ public:
     // Rebuilds the recent-file menu of this window and of every document window.
     void UpdateMenuMruList();
     void OpenMru(int index);
+    // The short guide as PDF with the system's viewer; without one, its HTML inside Kavrin.
     void ShowAnleitung();
+    // The change list in a read-only window of Kavrin's own.
     void ShowWasIsNeu();
     // Opens a file that ships next to the program with the program the system has for it.
     void ShowFile(const std::string& name);
+    // Where a help file that ships with the program lies.
+    static std::string HelpFilePath(const std::string& name);
 
     // Runs the open dialog and opens the chosen layout (menu mnuFileOpen).
     void FileOpen();
@@ -93,6 +97,7 @@ private:
     void PlaceNewWindow(QMdiSubWindow* sub) const;
     QMdiSubWindow* SubWindowOf(const FAnlage* window) const;
     void Activate(FAnlage* window);
+    bool ShowHelpText(const std::string& title, const std::string& path);
     void OpenPending();
 
     CQtUserInterface& ui_;
