@@ -234,16 +234,25 @@ void FMain::UpdateMenuBar() {
     UpdateTitle();
 }
 
+// The "*" of a changed layout comes from the window's modified flag through the "[*]"
+// placeholder: a maximised document window sets that flag on this window too.
 QString FMain::MainTitle() const {
     FAnlage* active = ActiveAnlage();
     std::string name = active ? FromQt(QFileInfo(QString::fromStdString(active->FileName())).fileName()) : "";
     if (name.empty())
         return ToQt(kProgramName);
-    return ToQt(FormatMessage("%1 - %2", kProgramName, name) + (active->Changed() ? "*" : ""));
+    return ToQt(FormatMessage("%1 - %2", kProgramName, name)) + QLatin1String("[*]");
+}
+
+QString FMain::ShownTitle() const {
+    QString title = windowTitle();
+    return title.replace(QLatin1String("[*]"), isWindowModified() ? QStringLiteral("*") : QString());
 }
 
 void FMain::UpdateTitle() {
+    FAnlage* active = ActiveAnlage();
     setWindowTitle(MainTitle());
+    setWindowModified(active && active->Changed());
 }
 
 // A maximised document window puts its own title into the main window's ("Kavrin - [x]");
@@ -580,6 +589,14 @@ FAnlage* FMain::OpenFile(const std::string& file) {
     auto* window = new FAnlage(*this, ui_);
     QMdiSubWindow* sub = mdiArea_->addSubWindow(window);
     sub->setAttribute(Qt::WA_DeleteOnClose);
+    // The window menu's close command also listens to Ctrl+W on some desktops, which would make
+    // Datei > Schließen's Ctrl+W ambiguous, and then neither works; it keeps Ctrl+F4.
+    if (QMenu* system = sub->systemMenu())
+        for (QAction* action : system->actions()) {
+            QList<QKeySequence> keys = action->shortcuts();
+            if (keys.removeAll(QKeySequence(Qt::CTRL | Qt::Key_W)) > 0)
+                action->setShortcuts(keys);
+        }
     sub->show();
     PlaceNewWindow(sub);
     anlagen_.push_back(window);

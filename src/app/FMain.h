@@ -62,8 +62,10 @@ public:
     void OpenHandedOver(const QStringList& files);
     // "Kavrin - Name.anl3", with "*" while the active layout has unsaved changes.
     void UpdateTitle();
-    // The title the main window shows now.
+    // The title as set, with the "[*]" placeholder for the changed mark.
     QString MainTitle() const;
+    // The title as the user sees it ("Kavrin - Demo.anl3*").
+    QString ShownTitle() const;
     // Whether another document window has the layout open; tells the user so (true).
     bool AnlageInUse(const std::string& path, const FAnlage* except) const;
     // A layout was saved under a new name.

@@ -139,7 +139,7 @@ void WindowsTest::recentFilesAppearInEveryWindowsMenu() {
         }
     QCOMPARE(main->Anlagen().size(), size_t(2));
     QCOMPARE(main->ActiveAnlage(), second);
-    QCOMPARE(main->windowTitle(), QString("Kavrin - Lua-Testbeispiel.anl3"));
+    QCOMPARE(main->ShownTitle(), QString("Kavrin - Lua-Testbeispiel.anl3"));
 }
 
 void WindowsTest::recentFileThatIsGoneIsReported() {
