@@ -192,6 +192,8 @@ int Main(int argc, char** argv) {
     QApplication::setOrganizationName(QString::fromUtf8(kProgramName));
     QApplication::setApplicationVersion(QStringLiteral(KAVRIN_VERSION));
     QApplication::setWindowIcon(CAppIcon::Icon());
+    // Desktops find the installed menu entry, icon and file type by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("kavrin"));
     InstallGermanQtTexts(app);
     TakeUserNumberFormat();
 

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -27,6 +28,7 @@
 #include "app/FAnlage.h"
 #include "app/FHelpText.h"
 #include "app/FMain.h"
+#include "app/FOptSettings.h"
 #include "app/FSearch.h"
 #include "app/modMain.h"
 #include "app/modRegApi.h"
@@ -265,7 +267,15 @@ void DesktopTest::resourceQuestionCanBeSwitchedOff() {
     // The status bar still says that the resources are missing.
     main->ShowInstallation();
     QCOMPARE(main->findChild<QLabel*>("lblInstallation")->text(), QString("EEP-Resourcen nicht gefunden"));
-    SetAskAboutMissingResourceDirectory(true);
+    // The settings dialog switches the question on again.
+    QVERIFY(test::WithModal<FOptSettings>([&] { main->OptionSettings(); },
+                                          [](FOptSettings* dialog) {
+                                              auto* ask = dialog->findChild<QCheckBox*>("chkAskResources");
+                                              QVERIFY(!ask->isChecked());
+                                              ask->setChecked(true);
+                                              dialog->accept();
+                                          }));
+    QVERIFY(AskAboutMissingResourceDirectory());
     QVERIFY(ReadInstallation(values));
     QCOMPARE(asked, 3);
 }

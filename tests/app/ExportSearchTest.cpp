@@ -269,7 +269,13 @@ void ExportSearchTest::pngExportOfTheView() {
 void ExportSearchTest::searchJumpsToATrack() {
     FAnlage* window = main->OpenFile(test::SamplePath("Screenshots.anl3"));
     QVERIFY(window);
-    const CNodeGleis* track = TrackSystems(window->Anlage()).front()->Gleise().Tracks()[40];
+    // A track from the middle of the largest track system.
+    const CNodeGleisSys* largest = nullptr;
+    for (const CNodeGleisSys* system : TrackSystems(window->Anlage()))
+        if (!largest || system->Gleise().Count() > largest->Gleise().Count())
+            largest = system;
+    QVERIFY(largest && largest->Gleise().Count() > 10);
+    const CNodeGleis* track = largest->Gleise().Tracks()[static_cast<size_t>(largest->Gleise().Count() / 2)];
     FSearch* search = window->ShowSearch();
     QVERIFY(search->isVisible());
     search->findChild<QLineEdit*>("txtSearch")->setText(QString::number(track->ID()));
@@ -281,6 +287,7 @@ void ExportSearchTest::searchJumpsToATrack() {
             row = static_cast<int>(i);
     QVERIFY(row >= 0);
     QCOMPARE(search->findChild<QListWidget*>("lstHits")->count(), static_cast<int>(search->Hits().size()));
+    window->World();
     const double wholeWidth = window->View().Width();
     search->Choose(row);
     const CObjectSearch::Hit& hit = search->Hits()[static_cast<size_t>(row)];
