@@ -81,8 +81,11 @@ void FSearch::Search() {
     else
         lblResult_->setText(
             ToQt(FormatMessage("%1 Treffer", FromQt(QLocale().toString(static_cast<int>(hits_.size()))))));
-    if (!hits_.empty())
+    // With hits the keys go on in the list: arrows choose, Enter jumps.
+    if (!hits_.empty()) {
         lstHits_->setCurrentRow(0);
+        lstHits_->setFocus();
+    }
 }
 
 void FSearch::Choose(int row) {
