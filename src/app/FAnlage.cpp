@@ -522,26 +522,11 @@ void FAnlage::ExportPlanDialog() {
         ExportPlan(dialog.WholeLayout(), dialog.PixelWidth(), path);
 }
 
-// The export draws on a view of its own: the window's view at another pixel size keeps its
-// centre and zoom; the whole layout is zoom 1 at the layout's own shape.
 bool FAnlage::ExportPlan(bool wholeLayout, int width, const std::string& path) {
-    if (!view_.Scaled() || width < 1)
-        return false;
-    CPlanView view = view_;
-    const double aspect = wholeLayout ? view_.Aspect() : view_.Width() / -view_.Height();
-    const int height = std::max(1, static_cast<int>(std::lround(width / aspect)));
-    view.SetClientSize(width, height);
-    if (wholeLayout)
-        view.World();
-    view.ScalePlan();
-    CPlanPainter painter(*anlage_, view, main_.Options());
-    painter.WithNames = picPlan_->Painter().WithNames;
-    painter.WithSignals = picPlan_->Painter().WithSignals;
-    painter.Background = picPlan_->Painter().Background;
     std::string error;
     UI().SetWaitCursor(true);
-    const bool ok = WritePlanPicture(
-        width, height, [&painter](Canvas& canvas) { return painter.DrawAll(canvas); }, path, error);
+    const bool ok = kavrin::ExportPlan(*anlage_, view_, main_.Options(), picPlan_->Painter(), wholeLayout,
+                                       width, path, error);
     UI().SetWaitCursor(false);
     // The drawing flags of the nodes now tell about the export; the window draws anew.
     picPlan_->Invalidate();

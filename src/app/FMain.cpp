@@ -28,10 +28,10 @@
 #include "app/CSettingsStore.h"
 #include "app/FAbout.h"
 #include "app/FAnlage.h"
-#include "app/FHelpText.h"
 #include "app/FOptSettings.h"
 #include "app/FParseLogWindow.h"
 #include "app/modDialogs.h"
+#include "app/modHelp.h"
 #include "app/modMain.h"
 #include "app/modParams.h"
 #include "app/modQtText.h"
@@ -475,63 +475,15 @@ void FMain::OpenMru(int index) {
 }
 
 void FMain::ShowAnleitung() {
-    std::string path = HelpFilePath("KurzAnleitung.pdf");
-    if (!FileExists(path)) {
-        ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
-        return;
-    }
-    int result = ShellOpen(path, this);
-    // Without a program for PDF files the guide is shown here, from its HTML source.
-    std::string html = HelpFilePath("KurzAnleitung.html");
-    if (result == kShellNoAssociation && FileExists(html) &&
-        ShowHelpText(FormatMessage("Kurzanleitung"), html))
-        return;
-    std::string error = ShellOpenErrorText(path, result);
-    if (!error.empty())
-        ErrorBox(error);
+    ShowGuide(this);
 }
 
 void FMain::ShowWasIsNeu() {
-    std::string path = HelpFilePath("WasIsNeu.txt");
-    if (!FileExists(path)) {
-        ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
-        return;
-    }
-    if (!ShowHelpText(FormatMessage("Was ist neu?"), path))
-        ErrorBox(FormatMessage("Sorry, aber die Datei%m%1%mkann nicht angezeigt werden", path));
-}
-
-bool FMain::ShowHelpText(const std::string& title, const std::string& path) {
-    auto* window = new FHelpText(title, this);
-    if (!window->ShowFile(path)) {
-        delete window;
-        return false;
-    }
-    window->show();
-    window->raise();
-    return true;
-}
-
-// The help files lie next to the program; an installed Kavrin keeps them in its share folder.
-std::string FMain::HelpFilePath(const std::string& name) {
-    const QString programFolder = QCoreApplication::applicationDirPath();
-    std::string path = JoinPath(FromQt(QDir::toNativeSeparators(programFolder)), name);
-    if (FileExists(path))
-        return path;
-    std::string shared = FromQt(QDir::toNativeSeparators(
-        QDir(programFolder).absoluteFilePath(QStringLiteral("../share/kavrin/") + ToQt(name))));
-    return FileExists(shared) ? shared : path;
+    ShowChangeList(this);
 }
 
 void FMain::ShowFile(const std::string& name) {
-    std::string path = HelpFilePath(name);
-    if (!FileExists(path)) {
-        ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
-        return;
-    }
-    std::string error = ShellOpenErrorText(path, ShellOpen(path, this));
-    if (!error.empty())
-        ErrorBox(error);
+    ShowHelpFile(this, name);
 }
 
 void FMain::FileOpen() {

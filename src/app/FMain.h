@@ -47,8 +47,6 @@ public:
     void ShowWasIsNeu();
     // Opens a file that ships next to the program with the program the system has for it.
     void ShowFile(const std::string& name);
-    // Where a help file that ships with the program lies.
-    static std::string HelpFilePath(const std::string& name);
 
     // Runs the open dialog and opens the chosen layout (menu mnuFileOpen).
     void FileOpen();
@@ -99,7 +97,6 @@ private:
     void PlaceNewWindow(QMdiSubWindow* sub) const;
     QMdiSubWindow* SubWindowOf(const FAnlage* window) const;
     void Activate(FAnlage* window);
-    bool ShowHelpText(const std::string& title, const std::string& path);
     void OpenPending();
 
     CQtUserInterface& ui_;

@@ -3,11 +3,15 @@
 #include <QImage>
 #include <QPainter>
 #include <QSaveFile>
+#include <algorithm>
+#include <cmath>
 
 #include "app/CQtCanvas.h"
 #include "app/CSvgCanvas.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
+#include "plan/CPlanPainter.h"
+#include "plan/CPlanView.h"
 
 namespace kavrin {
 
@@ -58,6 +62,28 @@ bool WritePlanPicture(int width, int height, const std::function<bool(Canvas&)>&
                       const std::string& path, std::string& error) {
     return IsSvgName(path) ? WritePlanSvg(width, height, draw, path, error)
                            : WritePlanPng(width, height, draw, path, error);
+}
+
+bool ExportPlan(CAnlage& anlage, const CPlanView& windowView, const CViewOptions& options,
+                const CPlanPainter& look, bool wholeLayout, int width, const std::string& path,
+                std::string& error) {
+    CPlanView view = windowView;
+    const double aspect = wholeLayout ? view.Aspect() : view.Width() / -view.Height();
+    if (!view.Scaled() || width < 1 || !(aspect > 0)) {
+        error = FormatMessage("Es gibt keinen Plan zu exportieren.");
+        return false;
+    }
+    const int height = std::max(1, static_cast<int>(std::lround(width / aspect)));
+    view.SetClientSize(width, height);
+    if (wholeLayout)
+        view.World();
+    view.ScalePlan();
+    CPlanPainter painter(anlage, view, options);
+    painter.WithNames = look.WithNames;
+    painter.WithSignals = look.WithSignals;
+    painter.Background = look.Background;
+    return WritePlanPicture(
+        width, height, [&painter](Canvas& canvas) { return painter.DrawAll(canvas); }, path, error);
 }
 
 } // namespace kavrin
