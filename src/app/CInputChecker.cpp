@@ -25,11 +25,10 @@ void CInputChecker::Watch(QLineEdit* box) {
 }
 
 bool CInputChecker::AcceptsChar(char32_t c) {
-    return IsDigit(c) || c == U'+' || c == U'-' || c == static_cast<char32_t>(GetUserNumberFormat().decimal);
+    return IsDigit(c) || c == U'+' || c == U'-' || c == U',' || c == U'.';
 }
 
 bool CInputChecker::IsNumber(std::string_view text) {
-    const char decimal = GetUserNumberFormat().decimal;
     size_t i = 0;
     if (i < text.size() && (text[i] == '+' || text[i] == '-'))
         ++i;
@@ -38,7 +37,7 @@ bool CInputChecker::IsNumber(std::string_view text) {
     for (; i < text.size(); ++i) {
         if (IsDigit(static_cast<unsigned char>(text[i])))
             ++digits;
-        else if (text[i] == decimal && !separatorSeen)
+        else if ((text[i] == ',' || text[i] == '.') && !separatorSeen)
             separatorSeen = true;
         else
             return false;

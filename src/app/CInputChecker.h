@@ -7,9 +7,10 @@ class QLineEdit;
 
 namespace kavrin {
 
-// Keeps the number boxes of the dialogs to what can form a number in the user's notation
-// (digits, a sign and the decimal separator) and tests what was typed or pasted. The decimal
-// separator is the one TextToDouble reads, so that every text it lets through converts.
+// Keeps the number boxes of the dialogs to what can form a number (digits, a sign and a decimal
+// comma or point: users type either, whatever their locale) and tests what was typed or pasted.
+// There is no digit grouping: "1.500" is one and a half. Every text it lets through converts
+// with TextToDouble.
 class CInputChecker : public QObject {
     Q_OBJECT
 public:
@@ -20,7 +21,7 @@ public:
 
     // Whether a typed character can be part of a number.
     static bool AcceptsChar(char32_t c);
-    // The number test: an optional sign, digits with at most one decimal separator, at least one
+    // The number test: an optional sign, digits with at most one comma or point, at least one
     // digit. An empty text passes: an empty box stands for 0 (or for a limit not in use).
     static bool IsNumber(std::string_view text);
 

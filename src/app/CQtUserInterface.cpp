@@ -1,6 +1,7 @@
 #include "app/CQtUserInterface.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -56,6 +57,24 @@ bool CQtUserInterface::Ask(const std::string& text) {
     box.button(QMessageBox::No)->setText(ToQt(FormatMessage("&Nein")));
     box.setDefaultButton(QMessageBox::Yes);
     return box.exec() == QMessageBox::Yes;
+}
+
+bool CQtUserInterface::AskWithDontAskAgain(const std::string& text, bool& dontAskAgain) {
+    if (hooks_.askDontAskAgain)
+        return hooks_.askDontAskAgain(text, dontAskAgain);
+    if (hooks_.ask)
+        return hooks_.ask(text);
+    QMessageBox box(QMessageBox::Question, QString::fromUtf8(kProgramName), ToQt(text),
+                    QMessageBox::Yes | QMessageBox::No, DialogParent());
+    box.button(QMessageBox::Yes)->setText(ToQt(FormatMessage("&Ja")));
+    box.button(QMessageBox::No)->setText(ToQt(FormatMessage("&Nein")));
+    box.setDefaultButton(QMessageBox::Yes);
+    auto* check = new QCheckBox(ToQt(FormatMessage("Nicht mehr fragen")), &box);
+    check->setObjectName(QStringLiteral("chkDontAskAgain"));
+    box.setCheckBox(check);
+    const bool yes = box.exec() == QMessageBox::Yes;
+    dontAskAgain = check->isChecked();
+    return yes;
 }
 
 void CQtUserInterface::ProcessPendingEvents() {

@@ -25,6 +25,9 @@ public:
     // A notice only: the information icon, not the error one.
     void InfoBox(const std::string& text) override;
     bool Ask(const std::string& text) override;
+    // The Yes/No question with a "Nicht mehr fragen" check box; `dontAskAgain` tells whether it
+    // was ticked.
+    bool AskWithDontAskAgain(const std::string& text, bool& dontAskAgain);
     FParseLog& ParseLog() override { return parseLog_; }
     // Lets Qt handle events, at most every `EventInterval` milliseconds: a load calls this once
     // per element, and millions of event rounds would cost more than the load itself.
@@ -51,6 +54,8 @@ public:
         std::function<void(const std::string&)> errorBox;
         std::function<void(const std::string&)> infoBox;
         std::function<bool(const std::string&)> ask;
+        // For the question with the check box; without it `ask` answers and the box stays clear.
+        std::function<bool(const std::string&, bool& dontAskAgain)> askDontAskAgain;
         std::function<void(long round)> eventRound; // called before every event round
     };
     void SetHooks(Hooks hooks) { hooks_ = std::move(hooks); }

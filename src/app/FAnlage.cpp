@@ -23,8 +23,12 @@
 #include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
 #include "app/FHeightFilter.h"
+#include "app/FInventory.h"
 #include "app/FMain.h"
+#include "app/FPlanExport.h"
+#include "app/FSearch.h"
 #include "app/modDialogs.h"
+#include "app/modPlanExport.h"
 #include "app/modPlanTexts.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
@@ -32,6 +36,7 @@
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/LayoutLookup.h"
 #include "plan/CPlanPainter.h"
+#include "plan/CTerrainFiles.h"
 
 namespace kavrin {
 
@@ -148,7 +153,7 @@ FAnlage::~FAnlage() {
 }
 
 std::vector<QMenu*> FAnlage::Menus() const {
-    return {mnuFile_, commands_->AnlageMenu()};
+    return {mnuFile_, mnuEdit_, commands_->AnlageMenu()};
 }
 
 void FAnlage::CreateMenus() {
@@ -167,14 +172,34 @@ void FAnlage::CreateMenus() {
     connect(saveAs, &QAction::triggered, this, [this] { SaveAs(); });
     QAction* close = mnuFile_->addAction(ToQt(FormatMessage("S&chließen")));
     close->setObjectName(QStringLiteral("mnuFileClose"));
+    close->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
     connect(close, &QAction::triggered, this, [this] {
         if (QMdiSubWindow* sub = SubWindow())
             sub->close();
     });
 
+    mnuFile_->addSeparator();
+    QAction* exportPlan = mnuFile_->addAction(ToQt(FormatMessage("Plan e&xportieren…")));
+    exportPlan->setObjectName(QStringLiteral("mnuFileExport"));
+    connect(exportPlan, &QAction::triggered, this, &FAnlage::ExportPlanDialog);
+
     mnuFile_->addSeparator()->setObjectName(QStringLiteral("mnuFileMruSep"));
     mnuFile_->addSeparator();
     mnuFile_->addAction(main_.findChild<QAction*>(QStringLiteral("mnuFileQuit")));
+
+    mnuEdit_ = new QMenu(ToQt(FormatMessage("&Bearbeiten")), this);
+    mnuEdit_->setObjectName(QStringLiteral("mnuEdit"));
+    QAction* find = mnuEdit_->addAction(ToQt(FormatMessage("&Suchen…")));
+    find->setObjectName(QStringLiteral("mnuEditFind"));
+    find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
+    connect(find, &QAction::triggered, this, &FAnlage::ShowSearch);
+
+    // The inventory belongs to the layout's own menu, after the view commands.
+    QMenu* anlage = commands_->AnlageMenu();
+    anlage->addSeparator();
+    QAction* inventory = anlage->addAction(ToQt(FormatMessage("&Inventar…")));
+    inventory->setObjectName(QStringLiteral("mnuAnlInventory"));
+    connect(inventory, &QAction::triggered, this, &FAnlage::ShowInventory);
 }
 
 QMdiSubWindow* FAnlage::SubWindow() const {
@@ -209,21 +234,56 @@ bool FAnlage::Save() {
 
 bool FAnlage::SaveAs() {
     QString folder = QFileInfo(QString::fromStdString(FileName())).absolutePath();
-    std::string path = SaveFileDialog(this, FileName().empty() ? std::string() : FromQt(folder), ".anl3");
+    // The dialog does not ask about replacing: SaveAs asks, after the in-use test.
+    std::string path =
+        SaveFileDialog(this, FileName().empty() ? std::string() : FromQt(folder), ".anl3", false);
     if (path.empty())
         return false;
     return SaveAs(path);
 }
 
+namespace {
+std::string FolderOf(const std::string& path) {
+    return FromQt(QFileInfo(QString::fromStdString(path)).absolutePath());
+}
+
+bool MayReplace(const std::string& path) {
+    return Ask(FormatMessage("Die Datei%n%1%ngibt es schon.%mMöchten Sie sie ersetzen?", path));
+}
+} // namespace
+
+// The in-use refusal comes first: there is no point asking whether to replace a layout that
+// may not be replaced anyway.
 bool FAnlage::SaveAs(const std::string& file) {
     std::string path = NormalPath(file);
     if (path.empty() || main_.AnlageInUse(path, this))
         return false;
+    if (path != FileName() && FileExists(path) && !MayReplace(path))
+        return false;
+    const std::string oldFolder = FileName().empty() ? std::string() : FolderOf(FileName());
     bool ok = anlage_->Save(path);
     UpdateCaption();
-    if (ok)
+    if (ok) {
         main_.AddRecentFile(path);
+        if (!oldFolder.empty())
+            CopyTerrainBitmaps(oldFolder, FolderOf(path));
+    }
     return ok;
+}
+
+// A layout saved into another folder takes its terrain bitmaps along, so that it opens there
+// with its colour map. Each file that is there already is replaced only when the user agrees.
+void FAnlage::CopyTerrainBitmaps(const std::string& fromFolder, const std::string& toFolder) {
+    const CNodeLandschaft* terrain = FindTerrain(*anlage_);
+    if (!terrain)
+        return;
+    for (const CTerrainFiles::Copy& copy : CTerrainFiles::ToCopy(*terrain, fromFolder, toFolder)) {
+        if (FileExists(copy.target) && !MayReplace(copy.target))
+            continue;
+        std::string error;
+        if (!CTerrainFiles::CopyFile(copy, error))
+            ErrorBox(error);
+    }
 }
 
 // Yes keeps the window open, so that the user saves through the menu; No closes it without
@@ -253,6 +313,7 @@ void FAnlage::UpdateCaption() {
     QFileInfo file(QString::fromStdString(FileName()));
     setWindowTitle(file.fileName() + QLatin1String("[*]"));
     setWindowModified(Changed());
+    main_.UpdateTitle();
 }
 
 void FAnlage::RepaintPlan() {
@@ -446,6 +507,79 @@ void FAnlage::EditHeightFilter() {
         picPlan_->Invalidate();
     }
     commands_->ShowHeightFilterActive(filter.Active());
+}
+
+void FAnlage::ExportPlanDialog() {
+    if (!view_.Scaled())
+        return;
+    const double viewAspect = view_.Width() / -view_.Height();
+    FPlanExport dialog(picPlan_->width(), viewAspect, view_.Aspect(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const std::string folder = FileName().empty() ? std::string() : FolderOf(FileName());
+    std::string path = SaveFileDialog(this, folder, dialog.Svg() ? ".svg" : ".png");
+    if (!path.empty())
+        ExportPlan(dialog.WholeLayout(), dialog.PixelWidth(), path);
+}
+
+bool FAnlage::ExportPlan(bool wholeLayout, int width, const std::string& path) {
+    std::string error;
+    UI().SetWaitCursor(true);
+    const bool ok = kavrin::ExportPlan(*anlage_, view_, main_.Options(), picPlan_->Painter(), wholeLayout,
+                                       width, path, error);
+    UI().SetWaitCursor(false);
+    // The drawing flags of the nodes now tell about the export; the window draws anew.
+    picPlan_->Invalidate();
+    if (!ok)
+        ErrorBox(error);
+    return ok;
+}
+
+FSearch* FAnlage::ShowSearch() {
+    if (!search_) {
+        search_ = new FSearch(*anlage_, this);
+        search_->setWindowTitle(ToQt(
+            FormatMessage("Suchen - %1", FromQt(QFileInfo(QString::fromStdString(FileName())).fileName()))));
+        connect(search_, &FSearch::HitChosen, this, &FAnlage::JumpTo);
+    }
+    search_->show();
+    search_->raise();
+    search_->activateWindow();
+    return search_;
+}
+
+void FAnlage::ShowInventory() {
+    FInventory dialog(*anlage_, FromQt(QFileInfo(QString::fromStdString(FileName())).fileName()), this);
+    dialog.exec();
+}
+
+// The hit is shown, hidden or not: a hidden one at least shows where it would be.
+// Once the plan has a selection, a hit that may be selected (Consider(2)) is selected here.
+void FAnlage::JumpTo(const CObjectSearch::Hit& hit) {
+    ShowPlace(hit.x, hit.y);
+}
+
+void FAnlage::ShowPlace(double x, double y) {
+    if (!view_.Scaled() || !std::isfinite(x) || !std::isfinite(y))
+        return;
+    const std::vector<float>& steps = view_.ZoomSteps();
+    const double wanted = std::max(view_.ExtX(), view_.ExtY()) / 8000.0;
+    int index = static_cast<int>(steps.size()) - 1;
+    for (int i = 0; i < static_cast<int>(steps.size()); ++i)
+        if (steps[static_cast<size_t>(i)] >= wanted) {
+            index = i;
+            break;
+        }
+    {
+        QSignalBlocker quiet(cbZoom_);
+        cbZoom_->setCurrentIndex(index);
+    }
+    view_.SelectZoom(index);
+    view_.SetCentre(x, y);
+    view_.ScalePlan();
+    KeepViewOnLayout();
+    UpdateZoomCommands();
+    RescalePlan();
 }
 
 void FAnlage::ShowHeightFilterStatus() {

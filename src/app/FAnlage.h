@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "plan/CObjectSearch.h"
 #include "plan/CPlanView.h"
 #include "plan/CTerrainBitmaps.h"
 
@@ -22,6 +23,7 @@ class CPlanCommands;
 class CPlanWidget;
 class CQtUserInterface;
 class FMain;
+class FSearch;
 
 // The document window of one open layout: it loads the layout, draws its plan, shows its name,
 // version and state, saves it, and asks before a changed layout is closed. Controls: the
@@ -41,7 +43,8 @@ public:
     bool Save();
     // Asks for a new name (save dialog) and saves under it.
     bool SaveAs();
-    // Saves under `path`, unless another window has that layout open.
+    // Saves under `path`, unless another window has that layout open or the user does not want
+    // an existing file replaced; in another folder the terrain bitmaps go along.
     bool SaveAs(const std::string& path);
 
     // The close question; true when the window may close.
@@ -58,6 +61,7 @@ public:
     // The menus this window shows in the main window's menu bar while it is active.
     std::vector<QMenu*> Menus() const;
     QMenu* FileMenu() const { return mnuFile_; }
+    QMenu* EditMenu() const { return mnuEdit_; }
     QMdiSubWindow* SubWindow() const;
 
     // The plan: how the layout maps onto picPlan, and what the terrain's bitmaps gave.
@@ -77,6 +81,18 @@ public:
     // Opens the height filter dialog and applies what the user confirmed.
     void EditHeightFilter();
 
+    // Datei > "Plan exportieren…": asks what to export and where, then writes the picture.
+    void ExportPlanDialog();
+    // Draws the current view or the whole layout `width` pixels wide into a PNG or, for a name
+    // ending in .svg, an SVG file; false (after telling the user) when that failed.
+    bool ExportPlan(bool wholeLayout, int width, const std::string& path);
+    // Bearbeiten > "Suchen…" (Ctrl+F): the search window of this layout.
+    FSearch* ShowSearch();
+    // Anlage > "Inventar…".
+    void ShowInventory();
+    // Centres the plan on a found object and zooms in to it.
+    void JumpTo(const CObjectSearch::Hit& hit);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -86,6 +102,7 @@ private:
     QWidget* CreateStatusStrip();
     void ConnectCommands();
     void UpdateCaption();
+    void CopyTerrainBitmaps(const std::string& fromFolder, const std::string& toFolder);
 
     void InitPlan();
     void CheckTerrainBitmaps();
@@ -98,6 +115,8 @@ private:
     void RescalePlan();
     void UpdateScrollBars();
     void UpdateZoomCommands();
+    // Centres the plan on a world point at a zoom step that shows about 80 m around it.
+    void ShowPlace(double x, double y);
     void ShowHeightFilterStatus();
 
     FMain& main_;
@@ -115,6 +134,8 @@ private:
     QLabel* lblStatus_ = nullptr;
     QTimer* paintTimer_ = nullptr;
     QMenu* mnuFile_ = nullptr;
+    QMenu* mnuEdit_ = nullptr;
+    FSearch* search_ = nullptr;
     bool loading_ = false;
 };
 

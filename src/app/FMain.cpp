@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
@@ -11,13 +13,17 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolBar>
+#include <QUrl>
 
 #include "app/CMru.h"
 #include "app/COptions.h"
+#include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
 #include "app/CSettingsStore.h"
 #include "app/FAbout.h"
@@ -25,6 +31,7 @@
 #include "app/FOptSettings.h"
 #include "app/FParseLogWindow.h"
 #include "app/modDialogs.h"
+#include "app/modHelp.h"
 #include "app/modMain.h"
 #include "app/modParams.h"
 #include "app/modQtText.h"
@@ -42,6 +49,17 @@ QAction* AddAction(QMenu* menu, const char* name, const std::string& text) {
     return action;
 }
 
+// The layouts among dropped files.
+QStringList DroppedLayouts(const QMimeData* data) {
+    QStringList files;
+    if (!data || !data->hasUrls())
+        return files;
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile() && url.toLocalFile().endsWith(QLatin1String(".anl3"), Qt::CaseInsensitive))
+            files << url.toLocalFile();
+    return files;
+}
+
 // A path in a menu caption: a single "&" would underline the next letter.
 std::string MenuPath(const std::string& path) {
     std::string text;
@@ -55,6 +73,7 @@ FMain::FMain(CQtUserInterface& ui, QWidget* parent) : QMainWindow(parent), ui_(u
     setObjectName(QStringLiteral("FMain"));
     setWindowTitle(ToQt(kProgramName));
     setMinimumSize(480, 320);
+    setAcceptDrops(true);
     mdiArea_ = new QMdiArea(this);
     mdiArea_->setObjectName(QStringLiteral("mdiArea"));
     mdiArea_->setBackground(QColor(0x6b, 0x76, 0x80));
@@ -212,9 +231,54 @@ void FMain::UpdateMenuBar() {
     menuBar()->addMenu(mnuHelp_);
     if (tbSave_)
         tbSave_->setEnabled(active != nullptr);
+    UpdateTitle();
+}
+
+// The "*" of a changed layout comes from the window's modified flag through the "[*]"
+// placeholder: a maximised document window sets that flag on this window too.
+QString FMain::MainTitle() const {
+    FAnlage* active = ActiveAnlage();
     std::string name = active ? FromQt(QFileInfo(QString::fromStdString(active->FileName())).fileName()) : "";
-    setWindowTitle(
-        ToQt(name.empty() ? std::string(kProgramName) : FormatMessage("%1 - [%2]", kProgramName, name)));
+    if (name.empty())
+        return ToQt(kProgramName);
+    return ToQt(FormatMessage("%1 - %2", kProgramName, name)) + QLatin1String("[*]");
+}
+
+QString FMain::ShownTitle() const {
+    QString title = windowTitle();
+    return title.replace(QLatin1String("[*]"), isWindowModified() ? QStringLiteral("*") : QString());
+}
+
+void FMain::UpdateTitle() {
+    FAnlage* active = ActiveAnlage();
+    setWindowTitle(MainTitle());
+    setWindowModified(active && active->Changed());
+}
+
+// A maximised document window puts its own title into the main window's ("Kavrin - [x]");
+// the main window names the active layout itself, once, and takes its title straight back.
+// Qt ignores the title changes that happen while it sets its own, so this does not go round.
+void FMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowTitleChange && windowTitle() != MainTitle())
+        setWindowTitle(MainTitle());
+}
+
+void FMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedLayouts(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void FMain::dropEvent(QDropEvent* event) {
+    const QStringList files = DroppedLayouts(event->mimeData());
+    if (files.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The drop's source waits until this returns; the loads run after it.
+    QTimer::singleShot(0, this, [this, files] {
+        for (const QString& file : files)
+            OpenFile(FromQt(file));
+    });
 }
 
 void FMain::ShowInstallation() {
@@ -225,7 +289,7 @@ void FMain::ShowInstallation() {
 }
 
 FAnlage* FMain::ActiveAnlage() const {
-    QMdiSubWindow* sub = mdiArea_->currentSubWindow();
+    QMdiSubWindow* sub = mdiArea_ ? mdiArea_->currentSubWindow() : nullptr;
     return sub ? qobject_cast<FAnlage*>(sub->widget()) : nullptr;
 }
 
@@ -411,23 +475,15 @@ void FMain::OpenMru(int index) {
 }
 
 void FMain::ShowAnleitung() {
-    ShowFile("KurzAnleitung.pdf");
+    ShowGuide(this);
 }
 
 void FMain::ShowWasIsNeu() {
-    ShowFile("WasIsNeu.txt");
+    ShowChangeList(this);
 }
 
 void FMain::ShowFile(const std::string& name) {
-    std::string directory = FromQt(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
-    std::string path = JoinPath(directory, name);
-    if (!FileExists(path)) {
-        ErrorBox(FormatMessage("Sorry,%naber ich kann die Datei%m%1%mnicht finden...", path));
-        return;
-    }
-    std::string error = ShellOpenErrorText(path, ShellOpen(path, this));
-    if (!error.empty())
-        ErrorBox(error);
+    ShowHelpFile(this, name);
 }
 
 void FMain::FileOpen() {
@@ -436,22 +492,69 @@ void FMain::FileOpen() {
         OpenFile(path);
 }
 
+FAnlage* FMain::FindAnlage(const std::string& path) const {
+    for (FAnlage* window : anlagen_)
+        if (window->FileName() == path && !window->Loading())
+            return window;
+    return nullptr;
+}
+
+void FMain::Activate(FAnlage* window) {
+    QMdiSubWindow* sub = SubWindowOf(window);
+    if (!sub)
+        return;
+    if (sub->isMinimized())
+        sub->showNormal();
+    mdiArea_->setActiveSubWindow(sub);
+    window->Plan()->setFocus(Qt::OtherFocusReason);
+    UpdateMenuBar();
+}
+
+void FMain::OpenHandedOver(const QStringList& files) {
+    if (isMinimized())
+        showNormal();
+    raise();
+    activateWindow();
+    pending_ << files;
+    OpenPending();
+}
+
+void FMain::OpenPending() {
+    while (!loading_ && !pending_.isEmpty())
+        OpenFile(FromQt(pending_.takeFirst()));
+}
+
 FAnlage* FMain::OpenFile(const std::string& file) {
-    // One load at a time: the load lets events run, and a second one would share its parse log.
-    if (loading_ || file.empty())
+    if (file.empty())
         return nullptr;
     std::string path = NormalPath(file);
+    if (FAnlage* open = FindAnlage(path)) {
+        AddRecentFile(path);
+        Activate(open);
+        return open;
+    }
+    // One load at a time: the load lets events run, and a second one would share its parse log.
+    if (loading_)
+        return nullptr;
     loading_ = true;
     UI().SetWaitCursor(true);
     auto* window = new FAnlage(*this, ui_);
     QMdiSubWindow* sub = mdiArea_->addSubWindow(window);
     sub->setAttribute(Qt::WA_DeleteOnClose);
+    // The window menu's close command also listens to Ctrl+W on some desktops, which would make
+    // Datei > Schließen's Ctrl+W ambiguous, and then neither works; it keeps Ctrl+F4.
+    if (QMenu* system = sub->systemMenu())
+        for (QAction* action : system->actions()) {
+            QList<QKeySequence> keys = action->shortcuts();
+            if (keys.removeAll(QKeySequence(Qt::CTRL | Qt::Key_W)) > 0)
+                action->setShortcuts(keys);
+        }
     sub->show();
     PlaceNewWindow(sub);
     anlagen_.push_back(window);
     if (window->Load(path)) {
         AddRecentFile(path);
-        UpdateMenuBar();
+        Activate(window);
     } else {
         RemoveAnlage(window);
         delete sub;
@@ -459,6 +562,9 @@ FAnlage* FMain::OpenFile(const std::string& file) {
     }
     UI().SetWaitCursor(false);
     loading_ = false;
+    // Files handed over during the load wait for it.
+    if (!pending_.isEmpty())
+        QTimer::singleShot(0, this, &FMain::OpenPending);
     return window;
 }
 

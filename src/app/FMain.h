@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QStringList>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,16 +41,29 @@ public:
     // Rebuilds the recent-file menu of this window and of every document window.
     void UpdateMenuMruList();
     void OpenMru(int index);
+    // The short guide as PDF with the system's viewer; without one, its HTML inside Kavrin.
     void ShowAnleitung();
+    // The change list in a read-only window of Kavrin's own.
     void ShowWasIsNeu();
     // Opens a file that ships next to the program with the program the system has for it.
     void ShowFile(const std::string& name);
 
     // Runs the open dialog and opens the chosen layout (menu mnuFileOpen).
     void FileOpen();
-    // Opens a layout in a new document window, with the wait cursor. A failed load leaves no
-    // window behind; a loaded layout goes to the top of the recent-file list.
+    // Opens a layout in a new document window, with the wait cursor, and brings it to the front
+    // with the focus. A layout that is open already is only brought to the front. A failed load
+    // leaves no window behind; a loaded layout goes to the top of the recent-file list.
     FAnlage* OpenFile(const std::string& path);
+    // The document window that has the layout open, or none.
+    FAnlage* FindAnlage(const std::string& path) const;
+    // Files a second start handed over: opened (or brought to the front), and this window too.
+    void OpenHandedOver(const QStringList& files);
+    // "Kavrin - Name.anl3", with "*" while the active layout has unsaved changes.
+    void UpdateTitle();
+    // The title as set, with the "[*]" placeholder for the changed mark.
+    QString MainTitle() const;
+    // The title as the user sees it ("Kavrin - Demo.anl3*").
+    QString ShownTitle() const;
     // Whether another document window has the layout open; tells the user so (true).
     bool AnlageInUse(const std::string& path, const FAnlage* except) const;
     // A layout was saved under a new name.
@@ -65,6 +79,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void LoadWindowState();
@@ -79,9 +96,11 @@ private:
     void ArrangeIcons();
     void PlaceNewWindow(QMdiSubWindow* sub) const;
     QMdiSubWindow* SubWindowOf(const FAnlage* window) const;
+    void Activate(FAnlage* window);
+    void OpenPending();
 
     CQtUserInterface& ui_;
-    QMdiArea* mdiArea_;
+    QMdiArea* mdiArea_ = nullptr;
     std::vector<FAnlage*> anlagen_;
     std::unique_ptr<CMru> mru_;
     std::unique_ptr<COptions> options_;
@@ -93,6 +112,8 @@ private:
     QAction* tbSave_ = nullptr;
     QLabel* lblInstallation_ = nullptr;
     bool loading_ = false;
+    // Files that arrived while a layout was loading; opened when it is done.
+    QStringList pending_;
 };
 
 } // namespace kavrin

@@ -1,5 +1,6 @@
 #include "app/FOptSettings.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -54,10 +55,15 @@ FOptSettings::FOptSettings(QWidget* parent) : QDialog(parent) {
     auto* eepForm = new QFormLayout(eep);
     eepForm->addRow(ToQt(FormatMessage("EEP-Verzeichnis:")), InfoLabel(installation.eepDirectory, eep));
     eepForm->addRow(ToQt(FormatMessage("Resourcen:")), InfoLabel(installation.resourceDirectory, eep));
+    chkAskResources_ =
+        new QCheckBox(ToQt(FormatMessage("Beim &Start fragen, wenn die EEP-Resourcen fehlen")), eep);
+    chkAskResources_->setObjectName(QStringLiteral("chkAskResources"));
+    chkAskResources_->setChecked(AskAboutMissingResourceDirectory());
     eepForm->addRow(ToQt(FormatMessage("Höhen:")),
                     InfoLabel(FormatMessage("%1 m bis %2 m", installation.hoeheMin / 100.0,
                                             installation.hoeheMax / 100.0),
                               eep));
+    eepForm->addRow(chkAskResources_);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Cancel)->setText(ToQt(FormatMessage("Abbrechen")));
@@ -88,6 +94,7 @@ void FOptSettings::accept() {
     } else {
         CSettingsStore::Save("Settings", "PathAnlagen", path);
     }
+    SetAskAboutMissingResourceDirectory(chkAskResources_->isChecked());
     QDialog::accept();
 }
 

@@ -2,12 +2,14 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QLineEdit;
 
 namespace kavrin {
 
-// The settings dialog: the folder in which the open dialog starts ("PathAnlagen"), and what
-// Kavrin found of the simulator's installation.
+// The settings dialog: the folder in which the open dialog starts ("PathAnlagen"), what Kavrin
+// found of the simulator's installation, and whether start-up asks when its resources are
+// missing (the question's "Nicht mehr fragen" switches that off).
 class FOptSettings : public QDialog {
     Q_OBJECT
 public:
@@ -19,6 +21,7 @@ private:
     void Browse();
 
     QLineEdit* txtPathAnlagen_;
+    QCheckBox* chkAskResources_ = nullptr;
 };
 
 } // namespace kavrin

@@ -22,12 +22,13 @@ std::string OpenLayoutDialog(QWidget* parent, const std::string& initialDirector
     return NormalPath(file.toStdString());
 }
 
-std::string SaveFileDialog(QWidget* parent, const std::string& initialDirectory,
-                           const std::string& extension) {
+std::string SaveFileDialog(QWidget* parent, const std::string& initialDirectory, const std::string& extension,
+                           bool confirmOverwrite) {
     QFileDialog dialog(parent, ToQt(FormatMessage("Speichern unter")),
                        QString::fromStdString(initialDirectory), QtFileFilter(SaveFileFilter(extension)));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !confirmOverwrite);
     if (extension.size() > 1)
         dialog.setDefaultSuffix(QString::fromStdString(extension.substr(1)));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

@@ -12,9 +12,9 @@ namespace kavrin {
 // Open dialog for layouts: title "Anlagendatei auswählen", layouts and all files.
 std::string OpenLayoutDialog(QWidget* parent, const std::string& initialDirectory);
 // Save dialog: one filter entry made from the extension, which is also the default one;
-// asks before overwriting.
-std::string SaveFileDialog(QWidget* parent, const std::string& initialDirectory,
-                           const std::string& extension);
+// asks before overwriting unless the caller asks itself.
+std::string SaveFileDialog(QWidget* parent, const std::string& initialDirectory, const std::string& extension,
+                           bool confirmOverwrite = true);
 
 // A path as the program keeps it: absolute, with the separators of this system.
 std::string NormalPath(const std::string& path);

@@ -9,9 +9,11 @@
 #include <algorithm>
 
 #include "app/CAppIcon.h"
+#include "app/CInstanceChannel.h"
 #include "app/CQtUserInterface.h"
 #include "app/CSettingsStore.h"
 #include "app/FMain.h"
+#include "app/modDialogs.h"
 #include "app/modParams.h"
 #include "app/modQtText.h"
 #include "app/modRegApi.h"
@@ -67,7 +69,49 @@ std::vector<std::string> Arguments(const QStringList& arguments) {
     return list;
 }
 
+// The layouts of the command line as absolute paths, for the instance that is running already
+// (its working folder is not this one's).
+QStringList HandOverFiles(const QStringList& arguments) {
+    QStringList files;
+    for (const std::string& name : SplitParams(JoinArguments(Arguments(arguments))))
+        if (!name.empty())
+            files << QString::fromStdString(NormalPath(name));
+    return files;
+}
+
+const char* const kAskSection = "Settings";
+const char* const kAskKey = "AskNoResourceDir";
+
+// The start-up question about the missing resource directory, with "Nicht mehr fragen": a Yes
+// with the box ticked starts without asking from then on.
+bool StartWithoutResourceDirectory() {
+    if (CSettingsStore::Get(kAskSection, kAskKey) == "0")
+        return true;
+    const std::string question =
+        FormatMessage("Kann das EEP Resourcen-Verzeichnis nicht finden!%m"
+                      "(Evtl. alle EEP-Versionen im EEP-Launcher deaktiviert?)%m"
+                      "Einige Funktionen vom Kavrin können daher nicht ausgeführt werden!%m"
+                      "Möchten Sie Kavrin trotzdem starten?");
+    auto* qtPort = dynamic_cast<CQtUserInterface*>(&UI());
+    bool dontAskAgain = false;
+    const bool start = qtPort ? qtPort->AskWithDontAskAgain(question, dontAskAgain) : Ask(question);
+    if (start && dontAskAgain)
+        CSettingsStore::Save(kAskSection, kAskKey, "0");
+    return start;
+}
+
 } // namespace
+
+bool AskAboutMissingResourceDirectory() {
+    return CSettingsStore::Get(kAskSection, kAskKey) != "0";
+}
+
+void SetAskAboutMissingResourceDirectory(bool ask) {
+    if (ask)
+        CSettingsStore::Delete(kAskSection, kAskKey);
+    else
+        CSettingsStore::Save(kAskSection, kAskKey, "0");
+}
 
 EepInstallation& Installation() {
     static EepInstallation installation;
@@ -91,10 +135,7 @@ bool ReadInstallation(const EepRegistry& values) {
     installation.noResourceDirectory = installation.resourceDirectory.empty();
     installation.noTrackStyleDirectory = true;
     if (installation.noResourceDirectory) {
-        if (!Ask(FormatMessage("Kann das EEP Resourcen-Verzeichnis nicht finden!%m"
-                               "(Evtl. alle EEP-Versionen im EEP-Launcher deaktiviert?)%m"
-                               "Einige Funktionen vom Kavrin können daher nicht ausgeführt werden!%m"
-                               "Möchten Sie Kavrin trotzdem starten?")))
+        if (!StartWithoutResourceDirectory())
             return false;
     } else {
         installation.noTrackStyleDirectory =
@@ -151,19 +192,28 @@ int Main(int argc, char** argv) {
     QApplication::setOrganizationName(QString::fromUtf8(kProgramName));
     QApplication::setApplicationVersion(QStringLiteral(KAVRIN_VERSION));
     QApplication::setWindowIcon(CAppIcon::Icon());
+    // Desktops find the installed menu entry, icon and file type by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("kavrin"));
     InstallGermanQtTexts(app);
     TakeUserNumberFormat();
 
     CQtUserInterface ui;
     PortScope port(&ui);
+    // The lock decides which start is the first; a later one hands its files to it and ends
+    // without a word. Only when the first cannot be reached is the user told.
     std::unique_ptr<QLockFile> lock = AcquireInstanceLock(QDir::tempPath());
     if (!lock) {
+        if (CInstanceChannel::HandOver(HandOverFiles(QApplication::arguments())))
+            return 0;
         ErrorBox(FormatMessage("Läuft schon..."));
         return 1;
     }
+    CInstanceChannel channel;
+    channel.Listen();
 
     FMain mainWindow(ui);
     ui.SetMainWindow(&mainWindow);
+    QObject::connect(&channel, &CInstanceChannel::FilesReceived, &mainWindow, &FMain::OpenHandedOver);
     mainWindow.show();
     if (!ReadInstallation(ReadEepRegistry())) {
         mainWindow.close();

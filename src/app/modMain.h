@@ -39,6 +39,11 @@ int32_t ClampHoeheMin(int32_t stored);
 // directory (No: false) and loads the object texts.
 bool ReadInstallation(const EepRegistry& values);
 
+// Whether start-up asks when the resource directory is missing (setting "AskNoResourceDir",
+// cleared by "Nicht mehr fragen").
+bool AskAboutMissingResourceDirectory();
+void SetAskAboutMissingResourceDirectory(bool ask);
+
 // When the resource directory is unknown: tells the user that the function is not run (true).
 bool ResourceDirectoryMissing();
 // Whether "RESOURCEN.PAK" exists in the resource directory.

@@ -13,7 +13,6 @@
 namespace kavrin {
 
 namespace {
-constexpr int kNoAssociation = 31;
 constexpr int kSuccess = 33;
 
 std::function<int(const std::string&)>& Handler() {
@@ -39,7 +38,7 @@ int ShellOpen(const std::string& path, QWidget* parent) {
     // file's type, which is what the shell's 31 means.
     (void)parent;
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path))) ? kSuccess
-                                                                                        : kNoAssociation;
+                                                                                        : kShellNoAssociation;
 #endif
 }
 
@@ -47,7 +46,7 @@ std::string ShellOpenErrorText(const std::string& path, int result) {
     if (result > 32)
         return {};
     std::string text = FormatMessage("Sorry, aber die Datei%m%1%mkann nicht angezeigt werden", path);
-    if (result == kNoAssociation) {
+    if (result == kShellNoAssociation) {
         size_t dot = path.rfind('.');
         std::string extension = dot == std::string::npos ? std::string() : path.substr(dot);
         return text + FormatMessage(

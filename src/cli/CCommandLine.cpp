@@ -6,6 +6,7 @@
 #include "core/modTools.h"
 #include "document/CAnlage.h"
 #include "nodes/CLayoutStatistics.h"
+#include "plan/CLayoutInventory.h"
 
 namespace kavrin {
 
@@ -39,6 +40,8 @@ int CCommandLine::Run(const std::vector<std::string>& args) {
     }
     if (command == "info" && args.size() == 2)
         return Info(args[1]);
+    if (command == "info" && args.size() == 3 && (args[1] == "--inventar" || args[2] == "--inventar"))
+        return Inventory(args[1] == "--inventar" ? args[2] : args[1]);
     if (command == "check" && args.size() == 2)
         return Check(args[1]);
     if (command == "save" && args.size() == 3)
@@ -59,6 +62,9 @@ void CCommandLine::Help() {
     out_ << "Kavrin " << KAVRIN_VERSION << " - Bearbeitung von EEP-Anlagen (.anl3) ohne Fenster\n\n"
          << "Aufruf:\n"
          << "  kavrin-cli info DATEI        Version, Abschnitte, Elemente je Name und Hinweise der Anlage\n"
+         << "  kavrin-cli info --inventar DATEI\n"
+         << "                               Inventar: Gleise, Weichen, Signale, Kontakte, Immobilien\n"
+         << "                               und Züge mit ihrer Anzahl (wie Anlage > Inventar im Editor)\n"
          << "  kavrin-cli check DATEI       Anlage laden; Hinweise auf der Standardausgabe\n"
          << "  kavrin-cli save EIN AUS      Anlage EIN laden und als AUS speichern\n"
          << CRenderCommand::Usage() << "  kavrin-cli --help            diese Hilfe\n"
@@ -85,6 +91,17 @@ int CCommandLine::Info(const std::string& path) {
     for (const auto& [name, count] : statistics.ElementCounts())
         out_ << "  " << name << ": " << count << '\n';
     out_ << "Hinweise: " << console.ui().ParseLog().Hints().size() << '\n';
+    return kOk;
+}
+
+int CCommandLine::Inventory(const std::string& path) {
+    ConsoleScope console(out_, err_);
+    CAnlage anlage;
+    if (!anlage.Load(path)) {
+        err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';
+        return kFailed;
+    }
+    out_ << "Anlage: " << path << '\n' << ConsoleText(CLayoutInventory(anlage).Text());
     return kOk;
 }
 

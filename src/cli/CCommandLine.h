@@ -32,6 +32,7 @@ public:
 
 private:
     int Info(const std::string& path);
+    int Inventory(const std::string& path);
     int Check(const std::string& path);
     int Save(const std::string& in, const std::string& out);
     int Render(const std::vector<std::string>& args);

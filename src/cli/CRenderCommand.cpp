@@ -71,8 +71,9 @@ bool ReadBand(const std::string& text, std::optional<double>& bottom, std::optio
 } // namespace
 
 const char* CRenderCommand::Usage() {
-    return "  kavrin-cli render EIN BILD.png [Optionen]\n"
-           "                               den Plan der Anlage EIN als PNG-Bild speichern:\n"
+    return "  kavrin-cli render EIN BILD.png|BILD.svg [Optionen]\n"
+           "                               den Plan der Anlage EIN als PNG-Bild speichern,\n"
+           "                               als SVG (Vektorgrafik), wenn der Name auf .svg endet:\n"
            "    --groesse BxH              Bildgröße in Pixeln (Vorgabe 1920x1080)\n"
            "    --zoom F                   Zoomfaktor; 1 zeigt die ganze Anlage (Vorgabe)\n"
            "    --mitte X;Y                Bildmitte in Metern (wirkt bei Zoom über 1)\n"

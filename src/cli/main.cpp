@@ -29,7 +29,7 @@ void InstallPlanRenderer(kavrin::CCommandLine& commandLine, std::unique_ptr<QGui
                 static char* argv[] = {name, nullptr};
                 app = std::make_unique<QGuiApplication>(argc, argv);
             }
-            return kavrin::WritePlanPng(width, height, draw, path, error);
+            return kavrin::WritePlanPicture(width, height, draw, path, error);
         },
         [] { return static_cast<kavrin::CViewOptions>(kavrin::COptions()); });
 }

@@ -278,14 +278,19 @@ double TextToDouble(std::string_view text) {
     text = Trim(text);
     if (text.empty())
         return 0;
+    // Comma and point are both the decimal separator, whatever the locale: users type either.
+    // There is no digit grouping, so a second separator makes the text no number.
     std::string normalised;
+    bool separatorSeen = false;
     for (char c : text) {
-        if (c == gUserFormat.decimal)
+        if (c == ',' || c == '.') {
+            if (separatorSeen)
+                throw CError::TypeMismatch();
+            separatorSeen = true;
             normalised += '.';
-        else if (c == '.' && gUserFormat.decimal != '.')
-            throw CError::TypeMismatch();
-        else
+        } else {
             normalised += c;
+        }
     }
     return WholeTextAsNumber(normalised);
 }

@@ -67,7 +67,7 @@ int16_t TextToInteger(std::string_view text);
 bool TryTextToLong(std::string_view text, int32_t& out);
 
 // Dialog input: trimmed, empty gives 0.
-double TextToDouble(std::string_view text); // user's decimal separator; error 13 if no number
+double TextToDouble(std::string_view text); // "," or "." as decimal separator; error 13 if no number
 int32_t TextToInt(std::string_view text);   // prefix conversion, rounded half to even
 
 std::string_view Trim(std::string_view text);

@@ -1,39 +1,11 @@
 #include "plan/CTerrainBitmaps.h"
 
-#include <algorithm>
-#include <filesystem>
-
 #include "core/modTools.h"
 #include "nodes/CNodeLandschaft.h"
 #include "plan/CBmpFile.h"
+#include "plan/CTerrainFiles.h"
 
 namespace kavrin {
-
-namespace {
-std::string Lower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
-// The stored name uses Windows separators and starts with one; the files were written on a
-// system that ignores case, so a file that differs only in case is the same file.
-std::string Resolve(const std::string& stored, const std::string& folder) {
-    std::string relative = stored;
-    std::replace(relative.begin(), relative.end(), '\\', '/');
-    while (!relative.empty() && relative.front() == '/')
-        relative.erase(0, 1);
-    std::filesystem::path path = std::filesystem::path(folder) / relative;
-    std::error_code error;
-    if (std::filesystem::exists(path, error))
-        return path.string();
-    std::string wanted = Lower(path.filename().string());
-    for (const auto& entry : std::filesystem::directory_iterator(path.parent_path(), error))
-        if (Lower(entry.path().filename().string()) == wanted)
-            return entry.path().string();
-    return path.string();
-}
-} // namespace
 
 const char* CTerrainBitmaps::AttributeName(Kind kind) {
     static const char* const names[kKinds] = {"FarbenFile", "HoehenFile", "TexturenFile", "TextureBinFile"};
@@ -57,7 +29,7 @@ bool CTerrainBitmaps::CheckOne(Kind kind, const std::string& stored, const std::
     if (stored.empty())
         return false;
     std::string shown = stored.substr(1);
-    std::string path = Resolve(stored, layoutFolder);
+    std::string path = CTerrainFiles::Resolve(stored, layoutFolder);
     if (!FileExists(path)) {
         InfoBox(FormatMessage("%1 '%2' nicht vorhanden", AttributeName(kind), shown));
         return false;

@@ -90,21 +90,22 @@ void HeightFilterTest::numberTestAndKeyFilter() {
         const char* text;
         bool number;
     };
-    const Case cases[] = {{"", true},     {"0", true},    {"-5", true},  {"+12,5", true},  {",5", true},
-                          {"5,", true},   {"-", false},   {",", false},  {"1,2,3", false}, {"1.5", false},
-                          {"1e3", false}, {"--1", false}, {"1-", false}, {"1 000", false}, {"12a", false}};
+    const Case cases[] = {{"", true},       {"0", true},   {"-5", true},   {"+12,5", true},  {",5", true},
+                          {"5,", true},     {"-", false},  {",", false},   {"1,2,3", false}, {"1.5", true},
+                          {"1.2,5", false}, {".5", true},  {"1e3", false}, {"--1", false},   {"1-", false},
+                          {"1 000", false}, {"12a", false}};
     for (const Case& c : cases)
         QVERIFY2(CInputChecker::IsNumber(c.text) == c.number, c.text);
-    for (char32_t c : U"0123456789+-,")
+    for (char32_t c : U"0123456789+-,.")
         if (c != 0)
             QVERIFY(CInputChecker::AcceptsChar(c));
-    for (char32_t c : U".eE aX")
+    for (char32_t c : U"eE aX;")
         if (c != 0)
             QVERIFY(!CInputChecker::AcceptsChar(c));
     // Typing lets only those through; editing keys still work.
     Dialog d;
     d.Height(0)->clear();
-    QTest::keyClicks(d.Height(0), "a-1x.2,5 m");
+    QTest::keyClicks(d.Height(0), "a-1x2,5 m");
     QCOMPARE(d.Height(0)->text(), QString("-12,5"));
     QTest::keyClick(d.Height(0), Qt::Key_Backspace);
     QTest::keyClick(d.Height(0), Qt::Key_Home);
@@ -161,7 +162,7 @@ void HeightFilterTest::invalidNumberIsReportedWithFocusOnItsBox() {
     const Case cases[] = {
         {"  12a ", "1", 0, "12a"}, // trimmed before it is shown
         {"4", "1,2,3", 1, "1,2,3"},
-        {"1.5", "-", 0, "1.5"}, // pasted with a point where the user writes a comma
+        {"1.234,5", "1", 0, "1.234,5"}, // digits are not grouped
     };
     for (const Case& c : cases) {
         port->errors.clear();
@@ -189,7 +190,9 @@ void HeightFilterTest::lowerAboveUpperIsRefusedOnlyWhenBothAreTicked() {
         {"-1,25", true, "-1,24", true, false, {}},
         {"5", false, "6", true, true, {500, 600}},
         {"5", true, "6", false, true, {500, 600}},
-        {"3,5", true, "3,5", true, true, {350, 350}}, // equal limits: one height shown
+        {"3,5", true, "3,5", true, true, {350, 350}},     // equal limits: one height shown
+        {"5.5", true, "5,5", true, true, {550, 550}},     // point and comma alike
+        {"1.500", true, "-0.25", true, true, {150, -25}}, // no grouping: one and a half
         {"10", true, "-5", true, true, {1000, -500}},
     };
     for (const Case& c : cases) {

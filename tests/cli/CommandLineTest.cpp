@@ -51,6 +51,27 @@ TEST(CommandLine, InfoReportsVersionChaptersAndCounts) {
     EXPECT_NE(out.find("Hinweise: 0"), std::string::npos);
 }
 
+TEST(CommandLine, InventoryListsWhatTheEditorLists) {
+    // The option may stand before or after the file.
+    for (const auto& args : std::vector<std::vector<std::string>>{
+             {"info", "--inventar", test::SamplePath("Screenshots.anl3")},
+             {"info", test::SamplePath("Screenshots.anl3"), "--inventar"}}) {
+        CliRun run(args);
+        ASSERT_EQ(run.status, CCommandLine::kOk) << run.err.str();
+        const std::string out = run.out.str();
+        // The same numbers as the plain info, in the inventory's own words.
+        EXPECT_NE(out.find("Gleise je Gleissystem: "), std::string::npos) << out;
+        EXPECT_NE(out.find("  Strasse: 231\n"), std::string::npos) << out;
+        EXPECT_NE(out.find("Weichen je Gleissystem: "), std::string::npos);
+        EXPECT_NE(out.find("  Strasse: 30\n"), std::string::npos) << out;
+        EXPECT_NE(out.find("Gebäudesammlung Immobilien: 63\n"), std::string::npos) << out;
+        EXPECT_NE(out.find("Züge (Fahrzeuge je Zug): "), std::string::npos);
+        EXPECT_EQ(out.find("Elemente je Name"), std::string::npos);
+    }
+    CliRun missing({"info", "--inventar", "/gibt/es/nicht.anl3"});
+    EXPECT_EQ(missing.status, CCommandLine::kFailed);
+}
+
 TEST(CommandLine, InfoCountsContactsByKindAndSignals) {
     CliRun run({"info", test::SamplePath("Demoanlage-Ampel-Grundmodelle.anl3")});
     ASSERT_EQ(run.status, CCommandLine::kOk) << run.err.str();

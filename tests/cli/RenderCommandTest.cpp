@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <pugixml.hpp>
 
 #include <cmath>
 #include <cstdlib>
@@ -138,5 +139,32 @@ TEST(RenderCommand, TheProgramWritesAPng) {
     std::string bytes = test::ReadFile(png);
     ASSERT_GT(bytes.size(), 1000u);
     EXPECT_EQ(bytes.substr(0, 8), std::string("\x89PNG\r\n\x1A\n", 8));
+}
+
+// A name ending in .svg gives a vector picture that an XML parser takes as it is, with the
+// track work as paths.
+TEST(RenderCommand, TheProgramWritesSvgForSvgNames) {
+    test::TempDir dir;
+    std::string svg = dir.File("Demo.SVG");
+    std::string command = std::string("QT_QPA_PLATFORM=offscreen \"") + KAVRIN_CLI_PATH + "\" render \"" +
+                          KAVRIN_EXAMPLES_DIR + "/Demo.anl3\" \"" + svg +
+                          "\" --groesse 640x480 --namen --signale > /dev/null 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    pugi::xml_document document;
+    pugi::xml_parse_result parsed =
+        document.load_file(svg.c_str(), pugi::parse_default | pugi::parse_declaration);
+    ASSERT_TRUE(parsed) << parsed.description();
+    pugi::xml_node root = document.child("svg");
+    ASSERT_TRUE(root);
+    EXPECT_STREQ(root.attribute("width").value(), "640");
+    EXPECT_STREQ(root.attribute("height").value(), "480");
+    EXPECT_TRUE(root.child("path"));
+    EXPECT_TRUE(root.child("image")); // the terrain's colour map
+    // Where python is at hand, its strict parser must agree.
+    if (std::system("python3 -c '' > /dev/null 2>&1") == 0) {
+        std::string strict =
+            "python3 -c \"import sys, xml.etree.ElementTree as E; E.parse(sys.argv[1])\" \"" + svg + "\"";
+        EXPECT_EQ(std::system(strict.c_str()), 0);
+    }
 }
 #endif

@@ -124,7 +124,16 @@ TEST(DialogInput, TextToDoubleAndTextToInt) {
     EXPECT_DOUBLE_EQ(TextToDouble("  "), 0);
     EXPECT_DOUBLE_EQ(TextToDouble(" 12,5 "), 12.5);
     EXPECT_THROW(TextToDouble("zwölf"), CError);
-    EXPECT_THROW(TextToDouble("12.5"), CError); // "." is not the decimal separator here
+    // Comma and point alike, under either locale, and no digit grouping.
+    for (UserNumberFormat format : {UserNumberFormat{',', '.'}, UserNumberFormat{'.', ','}}) {
+        UserFormatScope scope(format);
+        EXPECT_DOUBLE_EQ(TextToDouble("12.5"), 12.5);
+        EXPECT_DOUBLE_EQ(TextToDouble("-5,5"), -5.5);
+        EXPECT_DOUBLE_EQ(TextToDouble("1.500"), 1.5);
+        EXPECT_DOUBLE_EQ(TextToDouble("1,500"), 1.5);
+        EXPECT_THROW(TextToDouble("1.234,5"), CError);
+        EXPECT_THROW(TextToDouble("1,2,3"), CError);
+    }
     EXPECT_EQ(TextToInt(""), 0);
     EXPECT_EQ(TextToInt("2.5"), 2);
     EXPECT_EQ(TextToInt("3.5"), 4);
