@@ -25,16 +25,19 @@ void CNodeBase::SetName(std::string_view name) {
 
 bool CNodeBase::ParseAttributes(const XmlElement& element) {
     try {
-        size_t count = 0;
-        for (pugi::xml_attribute attribute = element.first_attribute(); attribute;
-             attribute = attribute.next_attribute())
-            ++count;
-        attributes_.Reserve(count);
+        // Names and values are measured once; the store is made to fit them in one go.
+        thread_local std::vector<std::pair<std::string_view, std::string_view>> read;
+        read.clear();
+        size_t bytes = 0;
         for (pugi::xml_attribute attribute : element.attributes()) {
+            read.emplace_back(attribute.name(), attribute.value());
+            bytes += read.back().second.size();
+        }
+        attributes_.Reserve(read.size(), bytes);
+        for (const auto& [name, value] : read) {
             // Names are kept with any prefix, so namespace declarations survive a save.
-            std::string_view name = attribute.name();
-            std::string kept = CheckAttribute(name, attribute.value());
-            attributes_.Add(AttributeNames().PutString(name), std::move(kept));
+            std::string_view kept = CheckAttribute(name, value);
+            attributes_.Add(AttributeNames().PutString(name), kept);
         }
         return true;
     } catch (...) {
@@ -68,7 +71,7 @@ bool CNodeBase::CheckNode() {
 }
 
 bool CNodeBase::XmlAttributes(CXmlWriter& writer) {
-    for (const CDictionary::Entry& entry : attributes_.Entries()) {
+    for (CDictionary::Entry entry : attributes_.Entries()) {
         const std::string& name = AttributeNames().GetString(entry.key);
         if (entry.value == kOwnedValue)
             writer.Attribute(name, NumberToText(XmlAttr(name)));
@@ -192,15 +195,15 @@ void CNodeBase::Clear() {
     childOrder_.Clear();
 }
 
-std::string CNodeBase::CheckAttribute(std::string_view, std::string_view value) {
-    return std::string(value);
+std::string_view CNodeBase::CheckAttribute(std::string_view, std::string_view value) {
+    return value;
 }
 
 void CNodeBase::CopyBaseContent(const INode& source) {
     SetName(source.Name());
     text_ = source.Text();
     attributes_.Clear();
-    for (const CDictionary::Entry& entry : source.Attributes().Entries())
+    for (CDictionary::Entry entry : source.Attributes().Entries())
         attributes_.Add(entry.key, entry.value);
     children_.RemoveAll();
     // What the source kept as nodes stays so in the copy, whatever the class would take.

@@ -40,7 +40,7 @@ public:
 
     bool AddChild(std::unique_ptr<INode>& child) override;
     void Clear() override;
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
 
     CAnlage* Anlage() const override { return anlage_; }
     void SetAnlage(CAnlage* anlage) override { anlage_ = anlage; }

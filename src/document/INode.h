@@ -50,7 +50,7 @@ public:
     virtual bool AddChild(std::unique_ptr<INode>& child) = 0;
     virtual void Clear() = 0;
     // The text to keep for an attribute; kOwnedValue when the class keeps it itself.
-    virtual std::string CheckAttribute(std::string_view name, std::string_view value) = 0;
+    virtual std::string_view CheckAttribute(std::string_view name, std::string_view value) = 0;
 
     virtual CAnlage* Anlage() const = 0;
     virtual void SetAnlage(CAnlage* anlage) = 0;

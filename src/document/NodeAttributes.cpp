@@ -7,10 +7,10 @@ namespace kavrin {
 
 std::string AttributeText(const INode& node, std::string_view name) {
     int16_t key = AttributeNames().GetIndex(name);
-    const std::string* value = key ? node.Attributes().Item(key) : nullptr;
+    std::optional<std::string_view> value = key ? node.Attributes().Item(key) : std::nullopt;
     if (!value)
         return {};
-    return *value == kOwnedValue ? NumberToText(node.XmlAttr(name)) : *value;
+    return *value == kOwnedValue ? NumberToText(node.XmlAttr(name)) : std::string(*value);
 }
 
 bool HasAttribute(const INode& node, std::string_view name) {
@@ -20,10 +20,8 @@ bool HasAttribute(const INode& node, std::string_view name) {
 
 void SetAttributeText(INode& node, std::string_view name, std::string text) {
     int16_t key = AttributeNames().PutString(name);
-    if (std::string* value = node.Attributes().Item(key))
-        *value = std::move(text);
-    else
-        node.Attributes().Add(key, std::move(text));
+    if (!node.Attributes().Set(key, text))
+        node.Attributes().Add(key, text);
 }
 
 void AddOwnedAttribute(INode& node, std::string_view name) {

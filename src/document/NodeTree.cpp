@@ -224,10 +224,10 @@ std::unique_ptr<INode> CloneNode(const INode& node) {
     auto copy = std::make_unique<CNodeUnknown>();
     copy->CopyBaseContent(node);
     // A class's own values become plain text in a copy that no longer knows them.
-    for (const CDictionary::Entry& entry : node.Attributes().Entries())
+    for (CDictionary::Entry entry : node.Attributes().Entries())
         if (entry.value == kOwnedValue)
-            *copy->Attributes().Item(entry.key) =
-                NumberToText(node.XmlAttr(AttributeNames().GetString(entry.key)));
+            copy->Attributes().Set(entry.key,
+                                   NumberToText(node.XmlAttr(AttributeNames().GetString(entry.key))));
     return copy;
 }
 

@@ -2,9 +2,9 @@
 
 namespace kavrin {
 
-std::string CNodeBewegTeil::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeBewegTeil::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "kollektorID")
-        return std::string(value);
+        return value;
     kollektorId_ = TextToLong(value);
     return kOwnedValue;
 }

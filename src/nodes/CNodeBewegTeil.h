@@ -12,7 +12,7 @@ namespace kavrin {
 class CNodeBewegTeil : public CNodeBase, public ICopy {
 public:
     const char* ClassName() const override { return "CNodeBewegTeil"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
 
     std::unique_ptr<INode> Clone() const override;

@@ -16,10 +16,10 @@ double* CNodeCharakteristik::Field(std::string_view name) {
     return index < 0 ? nullptr : fields[index];
 }
 
-std::string CNodeCharakteristik::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeCharakteristik::CheckAttribute(std::string_view name, std::string_view value) {
     double* field = Field(name);
     if (!field)
-        return std::string(value);
+        return value;
     *field = TextToNumber(value);
     return kOwnedValue;
 }
@@ -29,9 +29,9 @@ Variant CNodeCharakteristik::XmlAttr(std::string_view name) const {
     return field ? Variant{*field} : Variant{};
 }
 
-std::string CNodeAnfFuehrVerdrehung::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeAnfFuehrVerdrehung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "Wert")
-        return std::string(value);
+        return value;
     wert_ = TextToNumber(value);
     return kOwnedValue;
 }

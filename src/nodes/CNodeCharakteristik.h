@@ -8,7 +8,7 @@ namespace kavrin {
 class CNodeCharakteristik : public CNodeBase {
 public:
     const char* ClassName() const override { return "CNodeCharakteristik"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
 
     double Kruemmung() const { return kruemmung_; }
@@ -31,7 +31,7 @@ private:
 class CNodeAnfFuehrVerdrehung : public CNodeBase {
 public:
     const char* ClassName() const override { return "CNodeAnfFuehrVerdrehung"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
 
     double Wert() const { return wert_; }

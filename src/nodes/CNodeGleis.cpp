@@ -29,7 +29,7 @@ constexpr const char* kThreeWaySwitchClsId = "B0818DD8-5DFD-409F-8022-993FD3C907
 CNodeGleis::CNodeGleis() = default;
 CNodeGleis::~CNodeGleis() = default;
 
-std::string CNodeGleis::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeGleis::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "GleisID")
         id_ = TextToLong(value);
     else if (name == "clsid")
@@ -45,7 +45,7 @@ std::string CNodeGleis::CheckAttribute(std::string_view name, std::string_view v
     else if (name == "SignalData")
         signalData_ = TextToLong(value);
     else
-        return std::string(value);
+        return value;
     return kOwnedValue;
 }
 
@@ -278,9 +278,12 @@ void WriteOwnedAttributes(CXmlWriter& writer, const CDictionary& read,
             writer.Attribute(name, NumberToText(valueOf(name)));
         return;
     }
-    for (const CDictionary::Entry& entry : read.Entries()) {
+    for (CDictionary::Entry entry : read.Entries()) {
         const std::string& name = AttributeNames().GetString(entry.key);
-        writer.Attribute(name, entry.value == kOwnedValue ? NumberToText(valueOf(name)) : entry.value);
+        if (entry.value == kOwnedValue)
+            writer.Attribute(name, NumberToText(valueOf(name)));
+        else
+            writer.Attribute(name, entry.value);
     }
 }
 } // namespace

@@ -2,7 +2,7 @@
 
 namespace kavrin {
 
-std::string CNodeGleisOrt::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeGleisOrt::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "gleissystemID")
         gleissystemId_ = TextToInteger(value);
     else if (name == "gleisID")
@@ -12,7 +12,7 @@ std::string CNodeGleisOrt::CheckAttribute(std::string_view name, std::string_vie
     else if (name == "ausrichtung")
         ausrichtung_ = TextToInteger(value);
     else
-        return std::string(value);
+        return value;
     return kOwnedValue;
 }
 

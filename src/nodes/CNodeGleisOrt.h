@@ -8,7 +8,7 @@ namespace kavrin {
 class CNodeGleisOrt : public CNodeBase {
 public:
     const char* ClassName() const override { return "CNodeGleisOrt"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
 
     int16_t GleissystemID() const { return gleissystemId_; }

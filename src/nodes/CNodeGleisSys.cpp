@@ -17,9 +17,9 @@ constexpr uint8_t kFrameSlot = 1;
 constexpr uint8_t kConnectionSlot = 2;
 } // namespace
 
-std::string CNodeGleisSys::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeGleisSys::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "GleissystemID")
-        return std::string(value);
+        return value;
     id_ = TextToInteger(value);
     return kOwnedValue;
 }

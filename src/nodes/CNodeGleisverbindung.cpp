@@ -31,7 +31,7 @@ int32_t CNodeGleisverbindung::TrackId(std::string_view text) {
     }
 }
 
-std::string CNodeGleisverbindung::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeGleisverbindung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "GleisID1")
         gleisId1_ = TrackId(value);
     else if (name == "Anschluss1")
@@ -41,7 +41,7 @@ std::string CNodeGleisverbindung::CheckAttribute(std::string_view name, std::str
     else if (name == "Anschluss2")
         anschluss2_ = DecodeEnd(value);
     // The texts stay as read: the record written back from this element keeps them.
-    return std::string(value);
+    return value;
 }
 
 bool CNodeGleisverbindung::IsComplete() const {

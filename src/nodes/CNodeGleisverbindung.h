@@ -13,7 +13,7 @@ namespace kavrin {
 class CNodeGleisverbindung : public CNodeBase {
 public:
     const char* ClassName() const override { return "CNodeGleisverbindung"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     // An incomplete connection is reported once; the track system then drops it.
     bool CheckNode() override;
     // Both ids and both ends are known.

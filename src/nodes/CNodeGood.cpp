@@ -4,9 +4,9 @@
 
 namespace kavrin {
 
-std::string CNodeGood::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeGood::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "gsbname")
-        return std::string(value);
+        return value;
     gsbNameId_ = FileNames().PutString(value);
     return kOwnedValue;
 }

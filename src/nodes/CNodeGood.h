@@ -13,7 +13,7 @@ namespace kavrin {
 class CNodeGood final : public CNodeBase, public CPaintState {
 public:
     const char* ClassName() const override { return "CNodeGood"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
     bool TakeElement(const XmlElement& element) override;

@@ -4,9 +4,9 @@
 
 namespace kavrin {
 
-std::string CNodeGoods::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeGoods::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "count")
-        return std::string(value);
+        return value;
     // Read only to refuse a non-numeric count; the written count comes from the children.
     countRead_ = TextToLong(value);
     return kOwnedValue;

@@ -10,7 +10,7 @@ namespace kavrin {
 class CNodeGoods : public CNodeBase {
 public:
     const char* ClassName() const override { return "CNodeGoods"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     // "count" is written as the number of "Good" children, not as read.
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;

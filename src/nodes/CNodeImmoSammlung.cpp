@@ -11,9 +11,9 @@ constexpr const char* kIdAttribute = "GebaudesammlungID";
 constexpr int kImmoTextOffset = 20;
 } // namespace
 
-std::string CNodeImmoSammlung::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeImmoSammlung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != kIdAttribute)
-        return std::string(value);
+        return value;
     id_ = TextToInteger(value);
     return kOwnedValue;
 }

@@ -14,7 +14,7 @@ namespace kavrin {
 class CNodeImmoSammlung : public CNodeBase, public ICopy {
 public:
     const char* ClassName() const override { return "CNodeImmoSammlung"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
 

@@ -7,7 +7,7 @@
 
 namespace kavrin {
 
-std::string CNodeImmobilie::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeImmobilie::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "gsbname")
         gsbNameId_ = FileNames().PutString(value);
     else if (name == "kollektorID")
@@ -15,7 +15,7 @@ std::string CNodeImmobilie::CheckAttribute(std::string_view name, std::string_vi
     else if (name == "ImmoIdx")
         immoIdx_ = TextToLong(value);
     else
-        return std::string(value);
+        return value;
     return kOwnedValue;
 }
 

@@ -18,7 +18,7 @@ class CNodeBewegTeil;
 class CNodeImmobilie final : public CPaintState, public CNodeBase, public ICopy {
 public:
     const char* ClassName() const override { return "CNodeImmobilie"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
     bool AddChild(std::unique_ptr<INode>& child) override;

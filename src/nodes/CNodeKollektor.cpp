@@ -9,9 +9,9 @@
 
 namespace kavrin {
 
-std::string CNodeKollektor::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeKollektor::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "id")
-        return std::string(value);
+        return value;
     id_ = TextToLong(value);
     return kOwnedValue;
 }
@@ -75,7 +75,7 @@ CKollektorGleis CNodeKollektor::ReadEntry(const INode& entry) const {
     CKollektorGleis gleis;
     bool usual = entry.Attributes().Count() == 2;
     int position = 0;
-    for (const CDictionary::Entry& attribute : entry.Attributes().Entries()) {
+    for (CDictionary::Entry attribute : entry.Attributes().Entries()) {
         const std::string& name = AttributeNames().GetString(attribute.key);
         if (name == "gleissystemID") {
             gleis.GleissystemID = TextToInteger(attribute.value);
@@ -89,7 +89,7 @@ CKollektorGleis CNodeKollektor::ReadEntry(const INode& entry) const {
         ++position;
     }
     if (!usual)
-        for (const CDictionary::Entry& attribute : entry.Attributes().Entries())
+        for (CDictionary::Entry attribute : entry.Attributes().Entries())
             gleis.AsRead.emplace_back(AttributeNames().GetString(attribute.key), attribute.value);
     return gleis;
 }

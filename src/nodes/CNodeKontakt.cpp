@@ -21,7 +21,7 @@ std::string TrackSystemText(const CNodeGleis& track) {
 }
 } // namespace
 
-std::string CNodeKontakt::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeKontakt::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "Position")
         position_ = TextToNumber(value);
     else if (name == "KontaktZiel")
@@ -37,7 +37,7 @@ std::string CNodeKontakt::CheckAttribute(std::string_view name, std::string_view
     else if (name == "clsid")
         clsIdIndex_ = ClassTexts().PutString(value);
     else
-        return std::string(value);
+        return value;
     return kOwnedValue;
 }
 

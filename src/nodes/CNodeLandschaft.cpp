@@ -4,7 +4,7 @@
 
 namespace kavrin {
 
-std::string CNodeLandschaft::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeLandschaft::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "extX")
         extX_ = TextToLong(value);
     else if (name == "extY")
@@ -24,7 +24,7 @@ std::string CNodeLandschaft::CheckAttribute(std::string_view name, std::string_v
     else if (name == "TextureBinFile")
         textureBinFile_ = value;
     else
-        return std::string(value);
+        return value;
     return kOwnedValue;
 }
 

@@ -13,7 +13,7 @@ namespace kavrin {
 class CNodeLandschaft : public CNodeBase {
 public:
     const char* ClassName() const override { return "CNodeLandschaft"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
 

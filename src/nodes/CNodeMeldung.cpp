@@ -15,7 +15,7 @@ namespace {
 constexpr uint8_t kTargetSlot = 1;
 }
 
-std::string CNodeMeldung::CheckAttribute(std::string_view name, std::string_view value) {
+std::string_view CNodeMeldung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "clsid")
         clsIdIndex_ = ClassTexts().PutString(value);
     else if (name == "name")
@@ -27,7 +27,7 @@ std::string CNodeMeldung::CheckAttribute(std::string_view name, std::string_view
     else if (name == "ParaOderAnti")
         paraOderAnti_ = TextToInteger(value);
     else
-        return std::string(value);
+        return value;
     return kOwnedValue;
 }
 

@@ -14,7 +14,7 @@ namespace kavrin {
 class CNodeMeldung final : public CNodeBase, public ICopy, public CTrackMark {
 public:
     const char* ClassName() const override { return "CNodeMeldung"; }
-    std::string CheckAttribute(std::string_view name, std::string_view value) override;
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool AddChild(std::unique_ptr<INode>& child) override;
     // Base check, then a position beyond the end of the parent track is moved to its end.

@@ -137,7 +137,7 @@ TEST(CDictionary, KeepsInsertionOrder) {
     EXPECT_EQ(dictionary.Entries()[0].key, 5);
     EXPECT_EQ(dictionary.Entries()[1].value, "c");
     EXPECT_EQ(*dictionary.Item(9), "c");
-    EXPECT_EQ(dictionary.Item(4), nullptr);
+    EXPECT_EQ(dictionary.Item(4), std::nullopt);
 }
 
 } // namespace

@@ -154,9 +154,9 @@ TEST(ChildWalk, NoAttributeStoreWithoutAttributesAndNoTextWithoutText) {
 // A class that keeps one attribute in a typed field.
 class OwningNode : public CNodeUnknown {
 public:
-    std::string CheckAttribute(std::string_view name, std::string_view value) override {
+    std::string_view CheckAttribute(std::string_view name, std::string_view value) override {
         if (name != "Laenge")
-            return std::string(value);
+            return value;
         laenge = TextToNumber(value);
         return kOwnedValue;
     }
