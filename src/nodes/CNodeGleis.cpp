@@ -444,6 +444,21 @@ void CNodeGleis::UpdateKeptFrame() {
 
 void CNodeGleis::ForgetGeometry() {
     anchorLength_ = -1;
+    polyline_.reset();
+    ForgetAnchor();
+}
+
+const std::vector<CVector>& CNodeGleis::CachedPolyline(const CPaintTarget& target) {
+    double length = 0;
+    Anchor(length);
+    double step = TrackSampleStep(target, anchorCurvature_, length);
+    if (!polyline_)
+        polyline_ = std::make_unique<Polyline>();
+    if (polyline_->step != step) {
+        SampleTrackLine(CTrackGeometry(*this), step, polyline_->points);
+        polyline_->step = step;
+    }
+    return polyline_->points;
 }
 
 CVector CNodeGleis::Anchor(double& length) const {
@@ -455,6 +470,7 @@ CVector CNodeGleis::Anchor(double& length) const {
         CTrackGeometry geometry(*this);
         anchorStart_ = geometry.Start();
         anchorLength_ = geometry.Length();
+        anchorCurvature_ = geometry.Curvature();
     }
     length = anchorLength_;
     return anchorStart_;
@@ -487,19 +503,25 @@ std::string CNodeGleis::ModelName() const {
 
 bool CNodeGleis::Paint(CPaintTarget& target) {
     double length = 0;
-    CVector start = Anchor(length);
-    double x = start.X, y = start.Y;
-    if (!PaintPrologue(target, x, y, start.Z, length))
+    if (!AnchorKnown()) {
+        CVector start = Anchor(length);
+        SetAnchor(start.X, start.Y, start.Z, length);
+    }
+    double x = 0, y = 0;
+    if (!PaintPrologueAtAnchor(target, x, y))
         return PaintEpilogue(false);
+    length = Laenge();
     // A straight classic piece needs only its frame's position and direction: the commonest
     // case of a large layout is drawn without building the geometry.
     bool straight = !IsNewFormat() && std::fabs(kruemmung_) < 1e-10;
     if (straight)
         DrawStraightTrack(target, DreiBein().Pos(), DreiBein().Dir(), length, Selected());
-    if (straight && !target.WithNames && !target.WithSignals)
+    else if (IsNewFormat())
+        DrawTrackPolyline(target, CachedPolyline(target), Selected());
+    if ((straight || IsNewFormat()) && !target.WithNames && !target.WithSignals)
         return PaintEpilogue(true);
     CTrackGeometry geometry(*this);
-    if (!straight)
+    if (!straight && !IsNewFormat())
         DrawTrackLine(target, geometry, Selected());
     if (target.WithNames)
         PaintName(target, geometry);

@@ -118,6 +118,8 @@ private:
     // A frame the curve could not take stays a node; its numbers follow the track's.
     void UpdateKeptFrame();
     void ForgetGeometry();
+    // The newer format's centre line for the target, sampled anew only when its step changes.
+    const std::vector<CVector>& CachedPolyline(const CPaintTarget& target);
     void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);
     void PaintName(CPaintTarget& target, const CTrackGeometry& geometry) const;
     // Start point and length without building the whole geometry: the frame for classic
@@ -152,6 +154,13 @@ private:
     CNodeKollektor* kollektor_ = nullptr;
     mutable CVector anchorStart_;
     mutable double anchorLength_ = -1;
+    mutable double anchorCurvature_ = -1;
+    // The newer format's centre line as last drawn, and the sampling step it was drawn with.
+    struct Polyline {
+        double step = -1;
+        std::vector<CVector> points;
+    };
+    std::unique_ptr<Polyline> polyline_;
     // Attribute lists of the consumed characteristic elements, so their order and any
     // attributes beyond the known ones are written back as read.
     CDictionary charakteristikAttributes_;

@@ -23,13 +23,19 @@ public:
     C3Bein& DreiBein() { return frame_.DreiBein(); }
     const C3Bein& DreiBein() const { return frame_.DreiBein(); }
     bool HasFrame() const { return frame_.Present(); }
-    void MovePos(double dx, double dy) { frame_.MovePos(dx, dy); }
+    void MovePos(double dx, double dy) {
+        frame_.MovePos(dx, dy);
+        ForgetAnchor();
+    }
 
     // On the plan: a small circle at its position, its model's name with WithNames.
     bool Paint(CPaintTarget& target) override;
     bool inRect(const CRect& world) const override;
     void Move(double dx, double dy) override { MovePos(dx, dy); }
-    void Rotate(double angle, double cx, double cy) override { DreiBein().Rotate(angle, cx, cy); }
+    void Rotate(double angle, double cx, double cy) override {
+        DreiBein().Rotate(angle, cx, cy);
+        ForgetAnchor();
+    }
 
 protected:
     // The frame first, then the kept children, unless the file had them otherwise.

@@ -40,7 +40,10 @@ public:
     C3Bein& DreiBein() { return frame_.DreiBein(); }
     const C3Bein& DreiBein() const { return frame_.DreiBein(); }
     bool HasFrame() const { return frame_.Present(); }
-    void MovePos(double dx, double dy) { frame_.MovePos(dx, dy); }
+    void MovePos(double dx, double dy) {
+        frame_.MovePos(dx, dy);
+        ForgetAnchor();
+    }
 
     // A track-accompanying object: one that stands in the collection 1, 2, 3 or 6.
     bool isGleisObjekt() const;
@@ -50,7 +53,10 @@ public:
     bool Paint(CPaintTarget& target) override;
     bool inRect(const CRect& world) const override;
     void Move(double dx, double dy) override { MovePos(dx, dy); }
-    void Rotate(double angle, double cx, double cy) override { DreiBein().Rotate(angle, cx, cy); }
+    void Rotate(double angle, double cx, double cy) override {
+        DreiBein().Rotate(angle, cx, cy);
+        ForgetAnchor();
+    }
 
 protected:
     // Moving parts first, then the frame, then the kept children, unless the file had them

@@ -86,7 +86,7 @@ void CTrackGeometry::ReadNewFormat(const CNodeGleis& track) {
         q_ = v[0], d_ = v[1], w_ = v[2], radius_ = Norm(v[2]), kind_ = Kind::Arc;
         break;
     case CTrackCurve::Kind::Cubic:
-        cubic_ = v;
+        cubic_ = &v;
         kind_ = Kind::Cubic;
         break;
     case CTrackCurve::Kind::EEPCurve: {
@@ -120,12 +120,12 @@ CVector CTrackGeometry::LocalAt(double s) const {
     case Kind::Arc:
         return q_ - w_ * std::cos(s / radius_) + d_ * (radius_ * std::sin(s / radius_));
     case Kind::Cubic: {
-        size_t segments = cubic_.size() / 4;
+        size_t segments = cubic_->size() / 4;
         double span = far_ - near_;
         double u = span > 0 ? (s - near_) / span * static_cast<double>(segments) : 0;
         size_t index = std::min(segments - 1, static_cast<size_t>(std::max(0.0, std::floor(u))));
         double f = u - static_cast<double>(index);
-        const CVector* c = &cubic_[index * 4];
+        const CVector* c = &(*cubic_)[index * 4];
         return c[0] + c[1] * f + c[2] * (f * f) + c[3] * (f * f * f);
     }
     case Kind::EEPCurve:

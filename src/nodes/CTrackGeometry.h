@@ -57,7 +57,7 @@ private:
     CVector q_, d_;             // line: Q + s d; arc: centre, tangent, to-centre
     CVector w_;
     double radius_ = 0;
-    std::vector<CVector> cubic_; // 4 coefficients per segment
+    const std::vector<CVector>* cubic_ = nullptr; // 4 coefficients per segment, held by the track
     CVector chordA_, chordB_;
 };
 

@@ -46,9 +46,12 @@ bool CPaintState::Consider(int mode) const {
 
 bool CPaintState::PaintPlaced(CPaintTarget& target, const C3Bein& frame, PlacedMark mark,
                               std::string_view modelPath) {
-    const CVector& pos = frame.Pos();
-    double x = pos.X, y = pos.Y;
-    if (!PaintPrologue(target, x, y, pos.Z, 0))
+    if (!anchorKnown_) {
+        const CVector& pos = frame.Pos();
+        SetAnchor(pos.X, pos.Y, pos.Z, 0);
+    }
+    double x = 0, y = 0;
+    if (!PaintPrologueAtAnchor(target, x, y))
         return PaintEpilogue(false);
     if (mark == PlacedMark::Building)
         DrawBuildingMark(target, x, y, frame.Dir(), selected_);

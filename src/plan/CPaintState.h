@@ -34,6 +34,19 @@ public:
     bool isDeleteable() const override { return true; }
 
 protected:
+    // Where the object stands for the plan's culling test, kept in the object itself: a walk over
+    // a large layout then reads one place per object instead of chasing its frame. The class
+    // sets it at its first paint and drops it whenever the object moves.
+    bool AnchorKnown() const { return anchorKnown_; }
+    void SetAnchor(double x, double y, double z, double reach) {
+        anchorX_ = x, anchorY_ = y, anchorZ_ = z, anchorReach_ = reach, anchorKnown_ = true;
+    }
+    void ForgetAnchor() { anchorKnown_ = false; }
+    // The start of Paint from the anchor; (x, y) then hold the offset position.
+    bool PaintPrologueAtAnchor(const CPaintTarget& target, double& x, double& y) {
+        x = anchorX_, y = anchorY_;
+        return PaintPrologue(target, x, y, anchorZ_, anchorReach_);
+    }
     // The common start of Paint: the height test (recorded), the offsets and the culling test.
     // True when the node is to be drawn; (x, y) then hold the offset position.
     bool PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin) {
@@ -60,6 +73,8 @@ private:
     bool active_ = true;
     bool onPlan_ = false;
     bool inHeightRange_ = true;
+    bool anchorKnown_ = false;
+    double anchorX_ = 0, anchorY_ = 0, anchorZ_ = 0, anchorReach_ = 0;
 };
 
 } // namespace kavrin

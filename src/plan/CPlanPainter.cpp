@@ -30,11 +30,9 @@ template <typename T> T* Exactly(INode* node) {
     return node && typeid(*node) == typeid(T) ? static_cast<T*>(node) : nullptr;
 }
 
-// Large layouts are drawn from memory far beyond the caches; fetching a building a few steps
-// ahead, and the position of one a little closer, hides part of that latency. (Tracks are laid
-// out well enough for the processor's own prefetching; explicit hints only slowed them.)
+// Large layouts are drawn from memory far beyond the caches; fetching an object a few steps
+// ahead hides part of that latency. What the culling test reads stands in the object itself.
 constexpr size_t kPrefetchNode = 24;
-constexpr size_t kPrefetchPosition = 8;
 
 double Whole(double value) {
     return std::isfinite(value) ? std::nearbyint(value) : 0;
@@ -125,7 +123,11 @@ void CPlanPainter::ShowTrackStyle(int style, CPaintTarget* target) {
     for (CNodeGleisSys* system : TrackSystems(anlage_)) {
         if (CViewOptions::TrackStyleOfSystem(system->Number()) != style)
             continue;
-        for (CNodeGleis* track : system->Gleise().Tracks()) {
+        const std::vector<CNodeGleis*>& tracks = system->Gleise().Tracks();
+        for (size_t i = 0; i < tracks.size(); ++i) {
+            if (i + kPrefetchNode < tracks.size())
+                __builtin_prefetch(tracks[i + kPrefetchNode]);
+            CNodeGleis* track = tracks[i];
             if (target) {
                 PaintTrack(*track, *target);
             } else {
@@ -155,9 +157,6 @@ template <typename Match> void CPlanPainter::ShowBuildings(Match matches, CPaint
             if (last - it > static_cast<std::ptrdiff_t>(kPrefetchNode))
                 __builtin_prefetch((it + kPrefetchNode)->get());
             if (auto* building = Exactly<CNodeImmobilie>(it->get())) {
-                if (last - it > static_cast<std::ptrdiff_t>(kPrefetchPosition))
-                    if (auto* ahead = Exactly<CNodeImmobilie>((it + kPrefetchPosition)->get()))
-                        __builtin_prefetch(&ahead->DreiBein().Pos());
                 building->SetActive(target != nullptr);
                 if (target)
                     building->Paint(*target);

@@ -36,18 +36,7 @@ int CurvePointCount(double length, double step) {
         return 2;
     return static_cast<int>(std::min(count, static_cast<double>(kMaxCurvePoints)));
 }
-// Chords of a known bend only need to be short enough that the curve strays from them by at
-// most a quarter pixel (sagitta c^2 k / 8 <= 0.25 px). Truncating the point count can make a
-// chord up to twice that long, which keeps the error within a pixel at worst.
-double CurveStepFor(const CPaintTarget& target, const CTrackGeometry& geometry) {
-    double step = target.CurveStep();
-    double k = geometry.Curvature();
-    if (k > 0 && std::isfinite(k))
-        step = std::max(step, std::sqrt(2 * target.PixelSize() / k));
-    else if (k == 0)
-        step = std::max(step, geometry.Length());
-    return step;
-}
+
 // The sampled centre line in the target's buffers, with marks at its ends when asked for.
 void DrawTrackPoints(CPaintTarget& target, int count, bool selected) {
     Canvas& canvas = target.Draw();
@@ -105,17 +94,40 @@ void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool
     target.Draw().Square(x, y, selected ? kContactHalf + 2 : kContactHalf, true);
 }
 
-void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool selected) {
+// Chords of a known bend only need to be short enough that the curve strays from them by at
+// most a quarter pixel (sagitta c^2 k / 8 <= 0.25 px). Truncating the point count can make a
+// chord up to twice that long, which keeps the error within a pixel at worst.
+double TrackSampleStep(const CPaintTarget& target, double curvature, double length) {
+    double step = target.CurveStep();
+    if (curvature > 0 && std::isfinite(curvature))
+        step = std::max(step, std::sqrt(2 * target.PixelSize() / curvature));
+    else if (curvature == 0)
+        step = std::max(step, length);
+    return step;
+}
+
+void SampleTrackLine(const CTrackGeometry& geometry, double step, std::vector<CVector>& points) {
     double length = geometry.Length();
-    int count = CurvePointCount(length, CurveStepFor(target, geometry));
-    target.Xs.resize(static_cast<size_t>(count));
-    target.Ys.resize(static_cast<size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        double s = i == count - 1 ? length : length * i / (count - 1);
-        Offset(target, geometry.PointAt(s), target.Xs[static_cast<size_t>(i)],
-               target.Ys[static_cast<size_t>(i)]);
-    }
-    DrawTrackPoints(target, count, selected);
+    int count = CurvePointCount(length, step);
+    points.resize(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i)
+        points[static_cast<size_t>(i)] = geometry.PointAt(i == count - 1 ? length : length * i / (count - 1));
+}
+
+void DrawTrackPolyline(CPaintTarget& target, const std::vector<CVector>& points, bool selected) {
+    if (points.size() < 2)
+        return;
+    target.Xs.resize(points.size());
+    target.Ys.resize(points.size());
+    for (size_t i = 0; i < points.size(); ++i)
+        Offset(target, points[i], target.Xs[i], target.Ys[i]);
+    DrawTrackPoints(target, static_cast<int>(points.size()), selected);
+}
+
+void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool selected) {
+    thread_local std::vector<CVector> points;
+    SampleTrackLine(geometry, TrackSampleStep(target, geometry.Curvature(), geometry.Length()), points);
+    DrawTrackPolyline(target, points, selected);
 }
 
 void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector& dir, double length,

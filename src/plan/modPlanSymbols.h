@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kavrin {
 
@@ -23,6 +24,13 @@ void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double 
 void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool selected);
 // A track's centre line, sampled along its geometry; marks at its ends with TrackMarks.
 void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool selected);
+// The chord step that samples a track of this bend (1/cm; 0 straight, negative unknown) and
+// length finely enough for the target.
+double TrackSampleStep(const CPaintTarget& target, double curvature, double length);
+// The centre line at points no further apart than `step`, in world coordinates.
+void SampleTrackLine(const CTrackGeometry& geometry, double step, std::vector<CVector>& points);
+// A centre line sampled before, with marks at its ends with TrackMarks.
+void DrawTrackPolyline(CPaintTarget& target, const std::vector<CVector>& points, bool selected);
 // A straight piece: one line from its start along its direction.
 void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector& dir, double length,
                        bool selected);
