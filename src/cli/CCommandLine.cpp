@@ -134,6 +134,10 @@ int CCommandLine::Check(const std::string& path) {
     out_ << ConsoleText(FormatMessage("Die Anlage wurde geladen (%1 Hinweise).",
                                       static_cast<long>(console.ui().ParseLog().Hints().size())))
          << '\n';
+    if (anlage.ChangedWhileLoading())
+        out_ << ConsoleText(FormatMessage("Beim Laden wurde die Anlage repariert; gespeichert wird sie so, "
+                                          "wie die Hinweise es nennen."))
+             << '\n';
     return kOk;
 }
 

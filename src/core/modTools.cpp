@@ -152,6 +152,13 @@ std::string GeneralNumberText(double value, int precision) {
 std::string FileNumberText(double value, int precision) {
     if (value == 0)
         return "0";
+    // Whole numbers are common (directions of 1 and -1, lengths, heights): written directly.
+    double digitsLimit = precision >= 15 ? 1e15 : std::pow(10.0, precision);
+    if (std::fabs(value) < digitsLimit && value == std::trunc(value)) {
+        char buffer[24];
+        auto result = std::to_chars(buffer, buffer + sizeof buffer, static_cast<long long>(value));
+        return std::string(buffer, result.ptr);
+    }
     std::string text =
         std::fabs(value) < 0.034 ? SmallNumberText(value, 6) : GeneralNumberText(value, precision);
     for (char& c : text)

@@ -73,10 +73,15 @@ bool CNodeBase::CheckNode() {
 bool CNodeBase::XmlAttributes(CXmlWriter& writer) {
     for (CDictionary::Entry entry : attributes_.Entries()) {
         const std::string& name = AttributeNames().GetString(entry.key);
-        if (entry.value == kOwnedValue)
-            writer.Attribute(name, NumberToText(XmlAttr(name)));
-        else
+        if (entry.value == kOwnedValue) {
+            Variant value = XmlAttr(name);
+            if (std::holds_alternative<std::string>(value))
+                writer.Attribute(name, std::get<std::string>(value));
+            else
+                writer.PlainAttribute(name, NumberToText(value));
+        } else {
             writer.Attribute(name, entry.value);
+        }
     }
     return true;
 }

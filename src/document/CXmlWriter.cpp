@@ -40,6 +40,14 @@ void CXmlWriter::Attribute(std::string_view name, std::string_view value) {
     buffer_ += '"';
 }
 
+void CXmlWriter::PlainAttribute(std::string_view name, std::string_view value) {
+    buffer_ += ' ';
+    buffer_.append(name);
+    buffer_ += "=\"";
+    buffer_.append(value);
+    buffer_ += '"';
+}
+
 void CXmlWriter::Text(std::string_view text) {
     CloseStartTag();
     Escaped(text, false);

@@ -18,6 +18,8 @@ public:
     void Raw(std::string_view text);
     void StartElement(std::string_view name);
     void Attribute(std::string_view name, std::string_view value);
+    // An attribute whose value needs no escaping (a number).
+    void PlainAttribute(std::string_view name, std::string_view value);
     void Text(std::string_view text);
     void EndElement();
     void ProcessingInstruction(std::string_view name, std::string_view value);

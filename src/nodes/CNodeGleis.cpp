@@ -275,13 +275,13 @@ void WriteOwnedAttributes(CXmlWriter& writer, const CDictionary& read,
                           std::initializer_list<const char*> known, ValueOf valueOf) {
     if (read.Empty()) {
         for (const char* name : known)
-            writer.Attribute(name, NumberToText(valueOf(name)));
+            writer.PlainAttribute(name, NumberToText(valueOf(name)));
         return;
     }
     for (CDictionary::Entry entry : read.Entries()) {
         const std::string& name = AttributeNames().GetString(entry.key);
         if (entry.value == kOwnedValue)
-            writer.Attribute(name, NumberToText(valueOf(name)));
+            writer.PlainAttribute(name, NumberToText(valueOf(name)));
         else
             writer.Attribute(name, entry.value);
     }

@@ -83,7 +83,7 @@ bool CNodeVektor::CheckNode() {
 bool CNodeVektor::XmlAttributes(CXmlWriter& writer) {
     for (uint8_t i = 0; i < count_; ++i) {
         const char name[2] = {order_[i], '\0'};
-        writer.Attribute(name, NumberToText(XmlAttr(name)));
+        writer.PlainAttribute(name, NumberToText(XmlAttr(name)));
     }
     CNodeBase::XmlAttributes(writer);
     // A coordinate the file left out but an edit has given a value is written after the others.

@@ -25,9 +25,9 @@ void WriteKontaktZiel(CXmlWriter& writer, int32_t target) {
 
 bool WriteVektor(CXmlWriter& writer, std::string_view name, const CVector& vector) {
     writer.StartElement("Vektor");
-    writer.Attribute("x", NumberToText(vector.X));
-    writer.Attribute("y", NumberToText(vector.Y));
-    writer.Attribute("z", NumberToText(vector.Z));
+    writer.PlainAttribute("x", NumberToText(vector.X));
+    writer.PlainAttribute("y", NumberToText(vector.Y));
+    writer.PlainAttribute("z", NumberToText(vector.Z));
     writer.Text(name);
     writer.EndElement();
     return true;

@@ -37,6 +37,25 @@ TEST(CommandLine, HelpNamesEveryCommand) {
         EXPECT_NE(run.out.str().find(command), std::string::npos) << command;
 }
 
+// Every repair of a load is named, and the check says that the layout was repaired.
+TEST(CommandLine, CheckNamesTheRepairsItMade) {
+    test::TempDir dir;
+    std::string path = dir.File("Kaputt.anl3");
+    std::string text = test::ReadFile(test::SamplePath("Tutorial-Ampelkreuzung-2.anl3"));
+    size_t record = text.find(" Anschluss2=\"Anfang\"/>");
+    ASSERT_NE(record, std::string::npos);
+    text.replace(record, std::string(" Anschluss2=\"Anfang\"/>").size(), "/>");
+    test::WriteFile(path, text);
+    CliRun run({"check", path});
+    EXPECT_EQ(run.status, CCommandLine::kOk);
+    EXPECT_NE(run.out.str().find("Hinweis: Unvollständige Anschlussdaten in Gleisverbindung!"),
+              std::string::npos)
+        << run.out.str();
+    EXPECT_NE(run.out.str().find("repariert"), std::string::npos);
+    CliRun clean({"check", test::SamplePath("Tutorial-Ampelkreuzung-2.anl3")});
+    EXPECT_EQ(clean.out.str().find("repariert"), std::string::npos);
+}
+
 TEST(CommandLine, InfoReportsVersionChaptersAndCounts) {
     CliRun run({"info", test::SamplePath("Screenshots.anl3")});
     ASSERT_EQ(run.status, CCommandLine::kOk) << run.err.str();
