@@ -247,17 +247,16 @@ TEST(TrackGeometrySamples, ConnectedEndsCoincide) {
             continue;
         CAnlage anlage;
         ASSERT_TRUE(anlage.Load(entry.path().string())) << entry.path();
+        // Each connection record is a joint, also where one end has several.
         for (CNodeGleisSys* system : TrackSystems(anlage)) {
-            for (const CNodeGleis* track : system->Gleise().Tracks()) {
-                for (int16_t end = kAnfang; end <= kEndeKoAbzweig; ++end) {
-                    const CNodeGleis* other = system->FindGleis(track->Verbindung(end));
-                    if (track->Verbindung(end) <= track->ID() || !other)
-                        continue;
-                    double gap = Distance(CTrackGeometry(*track).Endpunkt(end),
-                                          CTrackGeometry(*other).Endpunkt(track->Anschluss(end)));
-                    ++joints;
-                    close += gap <= 1.0;
-                }
+            for (const CGleisVerbindung& record : system->Verbindungen()) {
+                const CNodeGleis* a = system->FindGleis(record.GleisID1());
+                const CNodeGleis* b = system->FindGleis(record.GleisID2());
+                ASSERT_TRUE(a && b);
+                double gap = Distance(CTrackGeometry(*a).Endpunkt(record.Anschluss1()),
+                                      CTrackGeometry(*b).Endpunkt(record.Anschluss2()));
+                ++joints;
+                close += gap <= 1.0;
             }
         }
     }
