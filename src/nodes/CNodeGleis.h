@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "document/CNodeBase.h"
+#include "document/CNodePool.h"
 #include "document/ICopy.h"
 #include "nodes/C3Bein.h"
 #include "nodes/CObjectFrame.h"
@@ -31,6 +32,7 @@ class CNodeGleis final : public CPaintState, public CNodeBase, public ICopy {
 public:
     CNodeGleis();
     ~CNodeGleis() override;
+    KAVRIN_NODE_POOLED(CNodeGleis)
 
     const char* ClassName() const override { return "CNodeGleis"; }
     std::string_view CheckAttribute(std::string_view name, std::string_view value) override;

@@ -5,6 +5,7 @@
 
 #include "document/CArrayOfNodes.h"
 #include "document/CNodeBase.h"
+#include "document/CNodePool.h"
 #include "document/ICopy.h"
 #include "nodes/CObjectFrame.h"
 #include "plan/CPaintState.h"
@@ -18,6 +19,7 @@ class CNodeBewegTeil;
 class CNodeImmobilie final : public CPaintState, public CNodeBase, public ICopy {
 public:
     const char* ClassName() const override { return "CNodeImmobilie"; }
+    KAVRIN_NODE_POOLED(CNodeImmobilie)
     std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
