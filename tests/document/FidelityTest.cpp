@@ -7,6 +7,7 @@
 #include "TestSupport.h"
 #include "XmlEquivalence.h"
 #include "document/CAnlage.h"
+#include "document/NodeAttributes.h"
 #include "document/XmlParseError.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
@@ -162,6 +163,33 @@ TEST_F(Fidelity, EditedCopiesKeepWhatTheyHoldAndNameWhatTheyDrop) {
             EXPECT_LT(saved.size(), edited.size());
         }
     }
+}
+
+// Markup the simulator does not write but a parser accepts is read as the parser reads it,
+// whichever way the file is cut into pieces.
+TEST_F(Fidelity, UnusualWellFormedMarkupLoadsAndSavesAsRead) {
+    std::string tracks;
+    for (int id = 1; id <= 25000; ++id) // several pieces
+        tracks += "<Gleis GleisID='" + std::to_string(id) + "' Name='a > b \"c\"' clsid=\"x\"><Unbekannt/>" +
+                  "<?merke " + std::to_string(id) + "?></Gleis >\r\n";
+    std::string text =
+        "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
+        "<!DOCTYPE sutrackp [ <!ELEMENT sutrackp ANY> ]>\r\n<sutrackp>\r\n"
+        "<Version EEP=\"15\"/>\r\n<Gleissystem GleissystemID=\"1\">\r\n" +
+        tracks +
+        "</Gleissystem >\r\n<Schandlaft extX=\"75\" extY=\"75\" posX=\"-25000\" posY=\"-25000\" "
+        "dichte=\"0.0015\"/><Beschreibung>  </Beschreibung>\r\n</sutrackp>\r\n";
+    ASSERT_TRUE(Load(text));
+    ASSERT_NE(FindGleis(anlage, 1, 25000), nullptr);
+    EXPECT_EQ(AttributeText(*FindGleis(anlage, 1, 2999), "Name"), "a > b \"c\"");
+    std::string saved = SaveTwice();
+    // What the writer puts in its own way: double quotes, escaped, no blanks between elements.
+    EXPECT_NE(saved.find("<Gleis GleisID=\"25000\" Name=\"a &gt; b &quot;c&quot;\" clsid=\"x\"><Unbekannt/>"
+                         "<?merke 25000?></Gleis></Gleissystem>"),
+              std::string::npos);
+    EXPECT_EQ(saved.rfind("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!DOCTYPE sutrackp", 0),
+              0u);
+    EXPECT_NE(saved.find("<Beschreibung>  </Beschreibung></sutrackp>\r\n"), std::string::npos);
 }
 
 TEST_F(Fidelity, ParseErrorPositionsCountCharacters) {
