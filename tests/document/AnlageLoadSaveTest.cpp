@@ -2,12 +2,10 @@
 
 #include <cstring>
 #include <filesystem>
-#include <regex>
 #include <unistd.h>
 
 #include "LayoutText.h"
 #include "TestSupport.h"
-#include "XmlEquivalence.h"
 #include "document/CAnlage.h"
 #include "document/CNodeUnknown.h"
 #include "document/NodeAttributes.h"
@@ -16,24 +14,6 @@
 using namespace kavrin;
 
 namespace {
-
-// The only change a save may make to a file written by the simulator: <X></X> becomes <X/>.
-std::string WithShortEmptyElements(const std::string& text) {
-    static const std::regex emptyPair(R"(<([A-Za-z_0-9:]+)((?:\s[^<>]*?)?)></\1>)");
-    std::string out;
-    std::sregex_iterator it(text.begin(), text.end(), emptyPair), end;
-    size_t last = 0;
-    for (; it != end; ++it) {
-        const std::smatch& m = *it;
-        if (m[2].length() > 0 && m[2].str().back() == '/')
-            continue;
-        out.append(text, last, static_cast<size_t>(m.position()) - last);
-        out += "<" + m[1].str() + m[2].str() + "/>";
-        last = static_cast<size_t>(m.position() + m.length());
-    }
-    out.append(text, last, std::string::npos);
-    return out;
-}
 
 class LoadSave : public ::testing::Test {
 protected:
@@ -59,23 +39,6 @@ protected:
     CAnlage anlage;
 };
 
-TEST_F(LoadSave, EverySampleRoundTripsAndASecondSaveIsIdentical) {
-    int samples = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
-        if (entry.path().extension() != ".anl3")
-            continue;
-        ++samples;
-        std::string original = test::ReadFile(entry.path().string());
-        ASSERT_TRUE(anlage.Load(entry.path().string())) << entry.path();
-        EXPECT_TRUE(scope.ui.errors.empty()) << entry.path();
-        std::string saved = SaveAndRead();
-        EXPECT_EQ(test::LayoutDifference(original, saved), "") << entry.path();
-        ASSERT_TRUE(anlage.Load(dir.File("out.anl3")));
-        EXPECT_EQ(SaveAndRead(), saved) << entry.path();
-    }
-    EXPECT_EQ(samples, 8);
-}
-
 TEST_F(LoadSave, KeepsDeclarationRootAttributesLineFeedsAndInstructions) {
     std::string text = test::LayoutText("<TexText Text=\"a\nb\" Leer=\"\"/>");
     text.replace(text.find("<sutrackp>"), 10,
@@ -83,7 +46,7 @@ TEST_F(LoadSave, KeepsDeclarationRootAttributesLineFeedsAndInstructions) {
                  "xsi:noNamespaceSchemaLocation=\"x.xsd\">");
     text.replace(0, text.find("?>") + 2, "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>");
     ASSERT_TRUE(LoadText(text));
-    EXPECT_EQ(SaveAndRead(), WithShortEmptyElements(text));
+    EXPECT_EQ(SaveAndRead(), text);
 }
 
 TEST_F(LoadSave, VersionChaptersAndHints) {

@@ -155,8 +155,9 @@ TEST_F(Fidelity, EditedCopiesKeepWhatTheyHoldAndNameWhatTheyDrop) {
         }
         EXPECT_EQ(anlage.Changed(), c.dropsSomething);
         std::string saved = SaveTwice();
-        if (*c.kept)
+        if (*c.kept) {
             EXPECT_NE(saved.find(c.kept), std::string::npos);
+        }
         if (!c.dropsSomething) {
             EXPECT_EQ(test::OwnedNumberDifference(edited, saved), "");
         } else {
