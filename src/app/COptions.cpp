@@ -41,16 +41,16 @@ COptions::COptions() {
 
 void COptions::Load() {
     for (int i = 1; i <= kTrackStyles; ++i) {
-        SetTrackColor(i, ReadColor(Key("Track%1Color", i), 0));
+        SetTrackColor(i, ReadColor(Key("Track%1Color", i), DefaultTrackColor(i)));
         SetTrackVisible(i, ReadVisible(Key("Track%1Visible", i)));
     }
     for (int kind = kFirstImmoKind; kind <= kLastImmoKind; ++kind) {
-        SetImmoColor(kind, ReadColor(Key("Immo%1Color", kind), 0));
+        SetImmoColor(kind, ReadColor(Key("Immo%1Color", kind), DefaultImmoColor(kind)));
         SetImmoVisible(kind, ReadVisible(Key("Immo%1Visible", kind)));
     }
-    SetGoodsColor(ReadColor("GoodsColor", 0));
+    SetGoodsColor(ReadColor("GoodsColor", kDefaultGoodsColor));
     SetGoodsVisible(ReadVisible("GoodsVisible"));
-    SetBgColor(ReadColor("BGColor", kWhite));
+    SetBgColor(ReadColor("BGColor", kDefaultBgColor));
     SetTrackMarks(CSettingsStore::GetNumber(kSection, "TrackMarks", 0) != 0);
 }
 

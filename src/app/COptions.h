@@ -7,7 +7,8 @@ class QWidget;
 namespace kavrin {
 
 // The view options of the plan as the user keeps them: read from the settings store (section
-// "Anlagen") when created, written back when the user saves the dialog.
+// "Anlagen") when created, where a key the user never stored keeps the default palette; written
+// back when the user saves the dialog.
 class COptions : public CViewOptions {
 public:
     COptions();

@@ -7,6 +7,31 @@
 
 namespace kavrin {
 
+namespace {
+constexpr std::array<uint32_t, CViewOptions::kTrackStyles> kTrackPalette = {
+    BgrColor(48, 48, 52),    // Eisenbahn: dark grey
+    BgrColor(136, 48, 160),  // Strassenbahn: purple
+    BgrColor(150, 136, 120), // Strasse: warm grey
+    BgrColor(40, 112, 208),  // Wasserwege: blue
+};
+constexpr std::array<uint32_t, 2> kImmoPalette = {
+    BgrColor(140, 84, 44), // Immobilien: brown
+    BgrColor(56, 140, 60), // Landschaftselemente: green
+};
+} // namespace
+
+CViewOptions::CViewOptions() : trackColor_(kTrackPalette), immoColor_(kImmoPalette) {}
+
+uint32_t CViewOptions::DefaultTrackColor(int index) {
+    return index >= 1 && index <= kTrackStyles ? kTrackPalette[static_cast<size_t>(index - 1)] : 0;
+}
+
+uint32_t CViewOptions::DefaultImmoColor(int kind) {
+    return kind >= kFirstImmoKind && kind <= kLastImmoKind
+               ? kImmoPalette[static_cast<size_t>(kind - kFirstImmoKind)]
+               : 0;
+}
+
 int CViewOptions::TrackStyleOfSystem(int trackSystemNumber) {
     // Steuerstrecken (5) only steer traffic and the GBS (6) is a switchboard drawing with its
     // own coordinates; neither is part of the landscape seen from above.

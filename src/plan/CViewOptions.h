@@ -5,17 +5,32 @@
 
 namespace kavrin {
 
+// A plan colour from its red, green and blue parts (red in the low byte).
+constexpr uint32_t BgrColor(uint32_t red, uint32_t green, uint32_t blue) {
+    return red | green << 8 | blue << 16;
+}
+
 // What the plan draws and in which colours: per track-style group (1 to 4, the track systems
 // Eisenbahn, Strassenbahn, Strasse and Wasserwege), per building kind (4 Immobilien and
 // 5 Landschaftselemente), goods, background, track-end marks and track ids. Colours are 24-bit
-// values with red in the low byte. The settings store fills it in the editor; the command line
-// can set it too.
+// values with red in the low byte. A new object holds the default palette, which tells the kinds
+// apart at a glance and prints well; the settings store overrides it with the user's own colours
+// in the editor, and the command line reads the same store.
 class CViewOptions {
 public:
     static constexpr int kTrackStyles = 4;
     static constexpr int kFirstImmoKind = 4;
     static constexpr int kLastImmoKind = 5;
     static constexpr uint32_t kWhite = 16777215;
+
+    // The default palette: rail dark grey, tram purple, road warm grey, water blue, buildings
+    // brown, landscape elements green, goods orange, on a light paper tone.
+    static uint32_t DefaultTrackColor(int index);
+    static uint32_t DefaultImmoColor(int kind);
+    static constexpr uint32_t kDefaultGoodsColor = BgrColor(232, 124, 0);
+    static constexpr uint32_t kDefaultBgColor = BgrColor(250, 248, 240);
+
+    CViewOptions();
 
     uint32_t TrackColor(int index) const;
     void SetTrackColor(int index, uint32_t color);
@@ -53,9 +68,9 @@ private:
     std::array<bool, kTrackStyles> trackVisible_{true, true, true, true};
     std::array<uint32_t, 2> immoColor_{};
     std::array<bool, 2> immoVisible_{true, true};
-    uint32_t goodsColor_ = 0;
+    uint32_t goodsColor_ = kDefaultGoodsColor;
     bool goodsVisible_ = true;
-    uint32_t bgColor_ = kWhite;
+    uint32_t bgColor_ = kDefaultBgColor;
     bool trackMarks_ = false;
     bool gleisId_ = false;
 };

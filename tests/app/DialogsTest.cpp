@@ -162,7 +162,7 @@ void DialogsTest::viewOptionsAreSavedOrLeftAlone() {
     for (const char* key :
          {"Track4Color", "Track2Visible", "Immo4Color", "GoodsColor", "GoodsVisible", "BGColor"})
         QVERIFY2(settings->Raw("Anlagen", key) != "(fehlt)", key);
-    QCOMPARE(settings->Raw("Anlagen", "BGColor"), std::string("16777215"));
+    QCOMPARE(settings->Raw("Anlagen", "BGColor"), std::to_string(CViewOptions::kDefaultBgColor));
     // The plan takes the background colour of the options.
     main->Options().SetBgColor(0x00FFFF);
     main->RepaintAnlagen();

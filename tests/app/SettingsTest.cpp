@@ -3,6 +3,7 @@
 
 #include <QLockFile>
 #include <QTest>
+#include <algorithm>
 
 #include "AppTestSupport.h"
 #include "TestSupport.h"
@@ -25,6 +26,7 @@ private slots:
     void mruKeepsNineAndDeletesSurplusKeys();
     void mruSkipsMissingFilesAndBrokenKeys();
     void optionsDefaultsOnAnEmptyStore();
+    void storedUserColoursWinOverThePalette();
     void optionsRoundTripAndFlagTexts();
     void optionsFallBackOnGarbage();
     void optionsIndexOutsideRangeIsReported();
@@ -140,21 +142,45 @@ void SettingsTest::mruSkipsMissingFilesAndBrokenKeys() {
 
 void SettingsTest::optionsDefaultsOnAnEmptyStore() {
     COptions options;
-    QCOMPARE(options.BgColor(), 16777215u);
     QCOMPARE(options.TrackStyleCount(), 4);
     QCOMPARE(options.ImmoStyleCount(), 2);
+    // The default palette: every kind its own colour, none of them the background's.
+    std::vector<uint32_t> colours{options.BgColor(), options.GoodsColor()};
     for (int i = 1; i <= 4; ++i) {
         QVERIFY(options.TrackVisible(i));
-        QCOMPARE(options.TrackColor(i), 0u);
+        QCOMPARE(options.TrackColor(i), CViewOptions::DefaultTrackColor(i));
+        colours.push_back(options.TrackColor(i));
     }
     for (int kind : {4, 5}) {
         QVERIFY(options.ImmoVisible(kind));
-        QCOMPARE(options.ImmoColor(kind), 0u);
+        QCOMPARE(options.ImmoColor(kind), CViewOptions::DefaultImmoColor(kind));
+        colours.push_back(options.ImmoColor(kind));
     }
+    std::sort(colours.begin(), colours.end());
+    QVERIFY(std::adjacent_find(colours.begin(), colours.end()) == colours.end());
+    QCOMPARE(options.BgColor(), CViewOptions::kDefaultBgColor);
     QVERIFY(options.GoodsVisible());
-    QCOMPARE(options.GoodsColor(), 0u);
     QVERIFY(!options.TrackMarks());
     QVERIFY(!options.GleisId());
+}
+
+// A colour the user stored wins over the palette, also black, the colour of older versions;
+// keys the user never stored keep the palette.
+void SettingsTest::storedUserColoursWinOverThePalette() {
+    settings.Put("Anlagen", "Track1Color", QStringLiteral("0"));
+    settings.Put("Anlagen", "Immo5Color", QStringLiteral("255"));
+    settings.Put("Anlagen", "BGColor", QStringLiteral("16777215"));
+    COptions options;
+    QCOMPARE(options.TrackColor(1), 0u);
+    QCOMPARE(options.ImmoColor(5), 255u);
+    QCOMPARE(options.BgColor(), 16777215u);
+    QCOMPARE(options.TrackColor(2), CViewOptions::DefaultTrackColor(2));
+    QCOMPARE(options.ImmoColor(4), CViewOptions::DefaultImmoColor(4));
+    QCOMPARE(options.GoodsColor(), CViewOptions::kDefaultGoodsColor);
+    // Saving the dialog stores the palette under the keys, so the user sees what is kept.
+    options.Save();
+    QCOMPARE(settings.Raw("Anlagen", "Track1Color"), std::string("0"));
+    QCOMPARE(settings.Raw("Anlagen", "Track2Color"), std::to_string(CViewOptions::DefaultTrackColor(2)));
 }
 
 void SettingsTest::optionsRoundTripAndFlagTexts() {
@@ -200,9 +226,9 @@ void SettingsTest::optionsFallBackOnGarbage() {
     settings.Put("Anlagen", "Track2Visible", QStringLiteral("0"));
     settings.Put("Anlagen", "TrackMarks", QStringLiteral("vielleicht"));
     COptions options;
-    QCOMPARE(options.BgColor(), 16777215u);
-    QCOMPARE(options.TrackColor(1), 0u);
-    QCOMPARE(options.TrackColor(2), 0u);
+    QCOMPARE(options.BgColor(), CViewOptions::kDefaultBgColor);
+    QCOMPARE(options.TrackColor(1), CViewOptions::DefaultTrackColor(1));
+    QCOMPARE(options.TrackColor(2), CViewOptions::DefaultTrackColor(2));
     QCOMPARE(options.GoodsColor(), 255u);
     QVERIFY(options.TrackVisible(1)); // every text but "0" means visible
     QVERIFY(!options.TrackVisible(2));
