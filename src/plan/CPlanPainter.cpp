@@ -14,6 +14,7 @@
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/CTrackGeometry.h"
 #include "nodes/LayoutLookup.h"
+#include "plan/CContentBox.h"
 #include "plan/CPaintTarget.h"
 #include "plan/CPlanImage.h"
 #include "plan/CViewOptions.h"
@@ -50,6 +51,13 @@ bool CPlanPainter::InitView(CPlanView& view, const CAnlage& anlage) {
     view.SetLayout(Whole(rect.Left), Whole(rect.Bottom), Whole(rect.Width()), Whole(rect.Top - rect.Bottom));
     view.BuildZoomSteps();
     return view.ExtX() > 0 && view.ExtY() > 0;
+}
+
+bool CPlanPainter::FitToContent(CPlanView& view, const CAnlage& anlage) {
+    if (std::optional<CRect> content = CContentBox::Of(anlage, view.LayoutRect()))
+        return view.FitTo(*content);
+    view.World();
+    return view.ScalePlan();
 }
 
 bool CPlanPainter::DrawAll(Canvas& canvas) {

@@ -23,6 +23,9 @@ public:
     // Takes the layout's extent from its terrain (whole world units) and builds the zoom steps;
     // false when the layout has no usable terrain.
     static bool InitView(CPlanView& view, const CAnlage& anlage);
+    // Fits the view to the layout's content, or shows the whole layout when it holds nothing;
+    // false when the picture has no size yet.
+    static bool FitToContent(CPlanView& view, const CAnlage& anlage);
 
     bool WithNames = false;
     bool WithSignals = false;

@@ -3,10 +3,14 @@
 #include <string>
 #include <vector>
 
+#include "nodes/CRect.h"
+
 namespace kavrin {
 
 // How the layout maps onto the plan's picture: the layout rectangle, the zoom steps and the
-// selected factor, the centre, and the visible world window derived from them (ScalePlan).
+// factor, the centre, and the visible world window derived from them (ScalePlan). The factor
+// moves freely between 1 (the whole layout) and MaxZoom; the steps are the fixed stops of the
+// zoom box and of the zoom-in and zoom-out commands.
 // World units are cm; y grows upwards, so the window's height H is negative.
 class CPlanView {
 public:
@@ -17,6 +21,8 @@ public:
     double ExtX() const { return extX_; }
     double ExtY() const { return extY_; }
     double Aspect() const { return aspect_; }
+    // The layout rectangle, normalised.
+    CRect LayoutRect() const { return CRect(posX_, posY_ + extY_, posX_ + extX_, posY_); }
 
     // The picture's client area in pixels.
     void SetClientSize(int width, int height);
@@ -24,11 +30,15 @@ public:
     int ClientHeight() const { return clientHeight_; }
 
     // Powers of two from 1 up to one step per 50 m of the longer side; keeps the selected entry
-    // when it survives, else selects the last one.
+    // when it survives, else selects the last one. A factor between the steps is kept.
     void BuildZoomSteps();
     const std::vector<float>& ZoomSteps() const { return steps_; }
+    // The entry whose factor is the current one, or -1 between the steps.
     int ZoomIndex() const { return zoomIndex_; }
     static std::string ZoomText(float step);
+    // The closest the view comes: the last step, or ten metres across the longer side of the
+    // layout when that is closer.
+    float MaxZoom() const;
 
     // Selects an entry and applies its factor; false when the index is outside the steps.
     bool SelectZoom(int index);
@@ -36,12 +46,29 @@ public:
     // the middle of the layout. True when the factor changed.
     bool SetZoom(float factor);
     float Zoom() const { return zoom_; }
-    bool CanZoomIn() const;
-    bool CanZoomOut() const;
+    // The entries just above and below the current factor, -1 when there is none.
+    int StepAbove() const;
+    int StepBelow() const;
+    bool CanZoomIn() const { return StepAbove() >= 0; }
+    bool CanZoomOut() const { return StepBelow() >= 0; }
     bool ZoomIn();
     bool ZoomOut();
     // Back to the first step (the whole layout).
     bool World();
+    // Zooms to a factor (kept within 1 .. MaxZoom) so that the world point under the pixel
+    // (px, py) stays under it, as far as the view can stay on the layout. True when the factor
+    // changed.
+    bool ZoomAt(float factor, double px, double py);
+    // Centres the view on a world rectangle with the factor that shows all of it and a margin
+    // of `margin` times its size on every side (within 1 .. MaxZoom); a rectangle smaller than
+    // 20 m is shown as if it were that large. A rectangle that is no number gives the whole
+    // layout. False when the picture has no size yet.
+    bool FitTo(const CRect& world, double margin = 0.04);
+    // Along an axis on which the view is larger than the layout, the layout is centred; along
+    // the others the view does not leave the layout.
+    void KeepOnLayout();
+    // Moves the view by a distance in pixels (x right, y down), within the layout.
+    void ScrollBy(double dxPx, double dyPx);
 
     void SetCentre(double x, double y);
     double CentreX() const { return centreX_; }
@@ -85,6 +112,8 @@ public:
 
 private:
     void CentreOnLayout();
+    // The step whose factor is `factor`, or -1.
+    int StepOf(float factor) const;
 
     double posX_ = 0, posY_ = 0, extX_ = 0, extY_ = 0, aspect_ = 0;
     int clientWidth_ = 0, clientHeight_ = 0;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -151,4 +152,106 @@ TEST(HoehenFilter, LimitsAreInclusiveAndIndependent) {
     filter.Clear();
     EXPECT_FALSE(filter.Active());
     EXPECT_TRUE(filter.inRange(1e9));
+}
+
+TEST(PlanView, FactorsBetweenTheStepsAndTheStepsAroundThem) {
+    CPlanView view = View(100000, 100000); // steps 1 .. 32
+    view.World();
+    ASSERT_TRUE(view.SetZoom(2.5f));
+    EXPECT_EQ(view.ZoomIndex(), -1) << "no entry between the steps";
+    EXPECT_EQ(view.ZoomSteps()[static_cast<size_t>(view.StepAbove())], 4.0f);
+    EXPECT_EQ(view.ZoomSteps()[static_cast<size_t>(view.StepBelow())], 2.0f);
+    EXPECT_TRUE(view.ZoomIn());
+    EXPECT_EQ(view.Zoom(), 4.0f);
+    EXPECT_EQ(view.ZoomIndex(), 2);
+    view.SetZoom(3.99999f);
+    EXPECT_EQ(view.ZoomIndex(), 2) << "a hair off a step is the step";
+    view.SetZoom(40);
+    EXPECT_FALSE(view.CanZoomIn()) << "beyond the last step";
+    EXPECT_TRUE(view.ZoomOut());
+    EXPECT_EQ(view.Zoom(), 32.0f);
+    EXPECT_EQ(view.MaxZoom(), 100.0f) << "ten metres across a kilometre";
+    EXPECT_EQ(View(5000, 5000).MaxZoom(), 5.0f);
+    EXPECT_EQ(View(500000, 500000).MaxZoom(), 500.0f);
+    // Rebuilding the steps keeps a factor between them.
+    view.SetZoom(5.5f);
+    view.BuildZoomSteps();
+    EXPECT_EQ(view.Zoom(), 5.5f);
+}
+
+TEST(PlanView, ZoomAtKeepsThePointUnderTheMouse) {
+    CPlanView view = View(200000, 200000, 1000, 500);
+    view.World();
+    struct Case {
+        float factor;
+        double px, py;
+    };
+    for (const Case& c :
+         {Case{1.5f, 500, 250}, Case{3.3f, 400, 200}, Case{7, 600, 300}, Case{2.2f, 450, 260}}) {
+        const double x = view.ToWorldX(c.px), y = view.ToWorldY(c.py);
+        ASSERT_TRUE(view.ZoomAt(c.factor, c.px, c.py)) << c.factor;
+        EXPECT_NEAR(view.ToWorldX(c.px), x, 1e-6 * 200000) << c.factor;
+        EXPECT_NEAR(view.ToWorldY(c.py), y, 1e-6 * 200000) << c.factor;
+        EXPECT_EQ(view.Zoom(), c.factor);
+    }
+    // At the picture's corner, which lies beyond the layout at factor 1, the view stays on the
+    // layout; beyond the limits the factor is clamped.
+    view.World();
+    view.ZoomAt(8, 0, 0);
+    EXPECT_DOUBLE_EQ(view.Left(), -100000);
+    EXPECT_DOUBLE_EQ(view.Top(), 100000);
+    EXPECT_TRUE(view.ZoomAt(1e9f, 10, 10));
+    EXPECT_EQ(view.Zoom(), view.MaxZoom());
+    EXPECT_TRUE(view.ZoomAt(0.01f, 10, 10));
+    EXPECT_EQ(view.Zoom(), 1.0f);
+    EXPECT_DOUBLE_EQ(view.CentreX(), 0) << "the whole layout, centred";
+    EXPECT_FALSE(view.ZoomAt(1, 10, 10)) << "no change";
+}
+
+TEST(PlanView, FitToShowsARectangleWhole) {
+    struct Case {
+        CRect box;
+        int width, height;
+        float zoom; // expected factor
+    };
+    // A 1 km square layout around the origin.
+    const Case cases[] = {
+        {{-10000, 10000, 10000, -10000}, 1000, 1000, 100000.0f / 20000 / 1.08f}, // 200 m square
+        {{5000, 5000, 45000, -5000}, 1000, 500, 200000.0f / 40000 / 1.08f},      // wide box, wide window
+        {{0, 40000, 1000, -40000}, 1000, 500, 100000.0f / 80000 / 1.08f},        // tall box
+        {{-50000, 50000, 50000, -50000}, 800, 600, 1.0f},                        // everything: 1
+        {{500, 500, 500, 500}, 1000, 1000, 100000.0f / 2000 / 1.08f},            // a point: 20 m
+    };
+    for (const Case& c : cases) {
+        CPlanView view = View(100000, 100000, c.width, c.height);
+        ASSERT_TRUE(view.FitTo(c.box));
+        EXPECT_NEAR(view.Zoom(), c.zoom, 1e-3 * c.zoom) << c.box.Left;
+        // The whole box is visible.
+        EXPECT_LE(view.Left(), c.box.Left);
+        EXPECT_GE(view.Left() + view.Width(), c.box.Right);
+        EXPECT_GE(view.Top(), c.box.Top);
+        EXPECT_LE(view.Top() + view.Height(), c.box.Bottom);
+        if (view.Zoom() > 1 && view.ScrollRangeX() > 0) {
+            const double middle = (c.box.Left + c.box.Right) / 2;
+            const double wanted = std::clamp(middle, -50000 + view.Width() / 2, 50000 - view.Width() / 2);
+            EXPECT_NEAR(view.CentreX(), wanted, 1e-6) << "centred on the box as far as the layout allows";
+        }
+    }
+    CPlanView noPicture = View(100000, 100000, 0, 0);
+    EXPECT_FALSE(noPicture.FitTo({0, 10, 10, 0}));
+    CPlanView view = View(100000, 100000);
+    ASSERT_TRUE(view.FitTo({std::nan(""), 0, 10, 0}));
+    EXPECT_EQ(view.Zoom(), 1.0f) << "a box that is no number shows the whole layout";
+}
+
+TEST(PlanView, ScrollByMovesWithinTheLayout) {
+    CPlanView view = View(100000, 100000, 1000, 1000);
+    view.SetZoom(4); // 250 m visible, 25 cm a pixel
+    const double left = view.Left(), top = view.Top();
+    view.ScrollBy(100, -40);
+    EXPECT_DOUBLE_EQ(view.Left(), left + 2500);
+    EXPECT_DOUBLE_EQ(view.Top(), top + 1000);
+    view.ScrollBy(-1e6, -1e6);
+    EXPECT_DOUBLE_EQ(view.Left(), -50000);
+    EXPECT_DOUBLE_EQ(view.Top(), 50000);
 }
