@@ -4,6 +4,8 @@
 #include <QActionGroup>
 #include <QComboBox>
 #include <QMenu>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
 #include <QStyle>
 #include <QToolBar>
 #include <QWidget>
@@ -52,13 +54,21 @@ void CPlanCommands::CreateToolBar() {
     AddButton("SaveAs", "Anlage speichern unter");
     toolBar_->addSeparator();
     AddShortcut(AddButton("ZoomIn", "Vergrößern"), QKeySequence::ZoomIn);
+    // The entries are the zoom steps; between them the box shows the factor, and a factor may
+    // be typed.
     cbZoom_ = new QComboBox(toolBar_);
     cbZoom_->setObjectName(QStringLiteral("cbZoom"));
     cbZoom_->setToolTip(ToQt(FormatMessage("Zoomfaktor")));
-    cbZoom_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    cbZoom_->setEditable(true);
+    cbZoom_->setInsertPolicy(QComboBox::NoInsert);
+    cbZoom_->setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("[0-9]{0,6}([.,][0-9]{0,3})?")), cbZoom_));
+    cbZoom_->setMinimumContentsLength(6);
+    cbZoom_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     toolBar_->addWidget(cbZoom_);
     AddShortcut(AddButton("ZoomOut", "Verkleinern"), QKeySequence::ZoomOut);
     AddShortcut(AddButton("World", "Gesamtansicht"), QKeySequence(Qt::CTRL | Qt::Key_0));
+    AddShortcut(AddButton("Content", "Auf Inhalt zoomen"), QKeySequence(Qt::CTRL | Qt::Key_9));
     toolBar_->addSeparator();
     AddButton("Names", "Namen anzeigen", true);
     AddButton("Signals", "Signale anzeigen", true);
@@ -81,6 +91,11 @@ void CPlanCommands::CreateMenus() {
     mnuAnl_ = new QMenu(ToQt(FormatMessage("&Anlage")), &window_);
     mnuAnl_->setObjectName(QStringLiteral("mnuAnl"));
     AddMenuItem(mnuAnl_, "mnuAnlWorld", "&Gesamtansicht")->setIcon(PlanToolIcon(QStringLiteral("World")));
+    QAction* content = AddMenuItem(mnuAnl_, "mnuAnlContent", "Auf &Inhalt zoomen");
+    content->setIcon(PlanToolIcon(QStringLiteral("Content")));
+    // The toolbar button holds the shortcut; the menu only shows it.
+    content->setText(content->text() + QLatin1Char('\t') +
+                     QKeySequence(Qt::CTRL | Qt::Key_9).toString(QKeySequence::NativeText));
     mnuAnl_->addSeparator();
     AddMenuItem(mnuAnl_, "mnuAnlNames", "&Namen anzeigen", true);
     AddMenuItem(mnuAnl_, "mnuAnlSignals", "&Signale anzeigen", true);
@@ -92,6 +107,8 @@ void CPlanCommands::CreateMenus() {
     popAnl_->setObjectName(QStringLiteral("popAnl"));
     AddMenuItem(popAnl_, "popAnlZoomIn", "Ver&größern")->setIcon(PlanToolIcon(QStringLiteral("ZoomIn")));
     AddMenuItem(popAnl_, "popAnlZoomOut", "Ver&kleinern")->setIcon(PlanToolIcon(QStringLiteral("ZoomOut")));
+    AddMenuItem(popAnl_, "popAnlContent", "Auf &Inhalt zoomen")
+        ->setIcon(PlanToolIcon(QStringLiteral("Content")));
 }
 
 QAction* CPlanCommands::Button(const char* key) const {
@@ -114,8 +131,10 @@ void CPlanCommands::EnableZoom(bool canZoomIn, bool canZoomOut, bool layoutShown
     MenuItem("popAnlZoomIn")->setEnabled(canZoomIn);
     Button("ZoomOut")->setEnabled(canZoomOut);
     MenuItem("popAnlZoomOut")->setEnabled(canZoomOut);
-    Button("World")->setEnabled(layoutShown);
-    MenuItem("mnuAnlWorld")->setEnabled(layoutShown);
+    for (const char* key : {"World", "Content"})
+        Button(key)->setEnabled(layoutShown);
+    for (const char* name : {"mnuAnlWorld", "mnuAnlContent", "popAnlContent"})
+        MenuItem(name)->setEnabled(layoutShown);
     cbZoom_->setEnabled(layoutShown);
 }
 

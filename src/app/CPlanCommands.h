@@ -13,11 +13,12 @@ class QWidget;
 namespace kavrin {
 
 // The commands of the plan window: the toolbar (buttons told apart by their keys "Open",
-// "Save", "SaveAs", "ZoomIn", "ZoomOut", "World", "Names", "Signals", "HeightFilter",
-// "MousePointer", "MouseMover"; the key is the action's object name and data), the zoom
-// box cbZoom inside it, the menu "&Anlage" (mnuAnlWorld, mnuAnlNames, mnuAnlSignals,
-// mnuAnlHeightFilter) and the plan's popup (popAnlZoomIn, popAnlZoomOut). It builds them and
-// keeps buttons and menu items of the same command in step; the window connects the triggers.
+// "Save", "SaveAs", "ZoomIn", "ZoomOut", "World", "Content", "Names", "Signals",
+// "HeightFilter", "MousePointer", "MouseMover"; the key is the action's object name and data),
+// the zoom box cbZoom inside it, the menu "&Anlage" (mnuAnlWorld, mnuAnlContent, mnuAnlNames,
+// mnuAnlSignals, mnuAnlHeightFilter) and the plan's popup (popAnlZoomIn, popAnlZoomOut,
+// popAnlContent). It builds them and keeps buttons and menu items of the same command in step;
+// the window connects the triggers.
 class CPlanCommands : public QObject {
     Q_OBJECT
 public:

@@ -1,10 +1,13 @@
 #include "app/CPlanWidget.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 
 #include "app/CQtCanvas.h"
 #include "app/modPlanExport.h"
@@ -19,7 +22,12 @@
 namespace kavrin {
 
 namespace {
-constexpr int kWheelNotch = 120;
+constexpr double kWheelNotch = 120;
+// Three wheel notches double the factor.
+constexpr double kNotchesPerDoubling = 3;
+// An arrow key moves the view by this share of the picture, PgUp/PgDn by a page less a margin.
+constexpr double kArrowStep = 0.1;
+constexpr double kPageStep = 0.9;
 
 // Shows the hourglass while it lives, also when drawing fails.
 class WaitCursor {
@@ -38,6 +46,11 @@ CPlanWidget::CPlanWidget(CAnlage& anlage, CPlanView& view, const CViewOptions& o
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAutoFillBackground(true);
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+double CPlanWidget::WheelNotchFactor() {
+    return std::pow(2.0, 1 / kNotchesPerDoubling);
 }
 
 CPlanWidget::~CPlanWidget() = default;
@@ -101,15 +114,31 @@ void CPlanWidget::paintEvent(QPaintEvent*) {
 
 void CPlanWidget::SetTool(Tool tool) {
     tool_ = tool;
-    setCursor(tool == Tool::Mover ? Qt::OpenHandCursor : Qt::ArrowCursor);
+    RestoreCursor();
+}
+
+void CPlanWidget::RestoreCursor() {
+    if (dragging_)
+        setCursor(Qt::ClosedHandCursor);
+    else if (tool_ == Tool::Mover || spaceHeld_)
+        setCursor(Qt::OpenHandCursor);
+    else
+        setCursor(Qt::ArrowCursor);
+}
+
+bool CPlanWidget::StartsDrag(Qt::MouseButton button) const {
+    return button == Qt::MiddleButton || (button == Qt::LeftButton && (tool_ == Tool::Mover || spaceHeld_));
 }
 
 void CPlanWidget::mousePressEvent(QMouseEvent* event) {
-    if (tool_ == Tool::Mover && event->button() == Qt::LeftButton && drawn_) {
+    if (!dragging_ && drawn_ && StartsDrag(event->button())) {
         dragging_ = true;
+        dragButton_ = event->button();
         dragStart_ = event->position().toPoint();
         dragOffset_ = {};
-        setCursor(Qt::ClosedHandCursor);
+        RestoreCursor();
+        event->accept();
+        return;
     }
     QWidget::mousePressEvent(event);
 }
@@ -126,14 +155,16 @@ void CPlanWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void CPlanWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (dragging_ && event->button() == Qt::LeftButton) {
+    if (dragging_ && event->button() == dragButton_) {
         dragging_ = false;
         const QPoint distance = dragOffset_;
         dragOffset_ = {};
-        setCursor(Qt::OpenHandCursor);
+        RestoreCursor();
         if (!distance.isNull())
             emit Dragged(distance);
         update();
+        event->accept();
+        return;
     }
     QWidget::mouseReleaseEvent(event);
 }
@@ -143,14 +174,101 @@ void CPlanWidget::leaveEvent(QEvent* event) {
     QWidget::leaveEvent(event);
 }
 
-// Touchpads send fractions of a notch; they add up to whole zoom steps.
+// The wheel zooms by a share of a doubling per notch, so touchpads that send fractions of a
+// notch zoom smoothly; Shift, or a wheel that turns sideways, scrolls sideways instead.
 void CPlanWidget::wheelEvent(QWheelEvent* event) {
-    wheelRest_ += event->angleDelta().y();
-    const int notches = wheelRest_ / kWheelNotch;
-    wheelRest_ -= notches * kWheelNotch;
-    if (notches != 0)
-        emit WheelZoom(notches, event->position());
+    const QPoint delta = event->angleDelta();
     event->accept();
+    if (!view_.Scaled())
+        return;
+    const bool sideways =
+        event->modifiers().testFlag(Qt::ShiftModifier) || (delta.y() == 0 && delta.x() != 0);
+    if (sideways) {
+        const double notches = (delta.x() != 0 ? delta.x() : delta.y()) / kWheelNotch;
+        emit ScrollBy(QPointF(-notches * kArrowStep * width(), 0));
+        return;
+    }
+    if (delta.y() != 0)
+        emit ZoomBy(std::pow(2.0, delta.y() / kWheelNotch / kNotchesPerDoubling), event->position());
+}
+
+bool CPlanWidget::event(QEvent* event) {
+    if (event->type() == QEvent::NativeGesture) {
+        auto* gesture = static_cast<QNativeGestureEvent*>(event);
+        if (gesture->gestureType() == Qt::ZoomNativeGesture && view_.Scaled()) {
+            emit ZoomBy(1 + gesture->value(), gesture->position());
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+bool CPlanWidget::Navigate(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier)
+        return false;
+    const double stepX = kArrowStep * width(), stepY = kArrowStep * height();
+    switch (event.key()) {
+    case Qt::Key_Left:
+        emit ScrollBy(QPointF(-stepX, 0));
+        return true;
+    case Qt::Key_Right:
+        emit ScrollBy(QPointF(stepX, 0));
+        return true;
+    case Qt::Key_Up:
+        emit ScrollBy(QPointF(0, -stepY));
+        return true;
+    case Qt::Key_Down:
+        emit ScrollBy(QPointF(0, stepY));
+        return true;
+    case Qt::Key_PageUp:
+        emit ScrollBy(QPointF(0, -kPageStep * height()));
+        return true;
+    case Qt::Key_PageDown:
+        emit ScrollBy(QPointF(0, kPageStep * height()));
+        return true;
+    case Qt::Key_Plus:
+        emit ZoomStep(1);
+        return true;
+    case Qt::Key_Minus:
+        emit ZoomStep(-1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CPlanWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+        if (!event->isAutoRepeat()) {
+            spaceHeld_ = true;
+            RestoreCursor();
+        }
+        event->accept();
+        return;
+    }
+    if (view_.Scaled() && Navigate(*event)) {
+        event->accept();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void CPlanWidget::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
+        spaceHeld_ = false;
+        RestoreCursor();
+        event->accept();
+        return;
+    }
+    QWidget::keyReleaseEvent(event);
+}
+
+// A Space let go in another window must not leave the plan in dragging mode.
+void CPlanWidget::focusOutEvent(QFocusEvent* event) {
+    spaceHeld_ = false;
+    RestoreCursor();
+    QWidget::focusOutEvent(event);
 }
 
 void CPlanWidget::resizeEvent(QResizeEvent* event) {

@@ -15,6 +15,9 @@ class CViewOptions;
 // The plan's picture (picPlan). The layout is drawn into a cached image, so that repaints
 // caused by overlapping windows, menus or a drag cost a copy, not a DrawAll. The cache is
 // redrawn after Invalidate; while a resize is pending (Defer) the old picture is shown as is.
+// It takes the keyboard focus when clicked: the arrow keys and PgUp/PgDn scroll, + and - zoom.
+// The wheel (also with Ctrl) and a pinch zoom about the mouse, Shift+wheel scrolls sideways;
+// the middle button, and the left one with Space held or the mover tool, drag the plan.
 class CPlanWidget : public QWidget {
     Q_OBJECT
 public:
@@ -39,29 +42,45 @@ public:
     void SetTool(Tool tool);
     Tool CurrentTool() const { return tool_; }
 
+    // The factor one wheel notch zooms by.
+    static double WheelNotchFactor();
+
 signals:
     // The mouse is at a world position; MouseLeft when it has left the plan.
     void MouseAt(double worldX, double worldY);
     void MouseLeft();
-    // The plan was dragged with the mover tool by a distance in pixels.
+    // The plan was dragged by a distance in pixels (it follows the mouse).
     void Dragged(QPoint distance);
-    // Wheel notches (positive: towards the user's screen, zoom in) at a pixel position.
-    void WheelZoom(int notches, QPointF position);
+    // Zoom by a multiplier (above 1: closer) about a pixel position: wheel and pinch.
+    void ZoomBy(double multiplier, QPointF position);
+    // The view moves by a distance in pixels (x to the right, y down): keys and Shift+wheel.
+    void ScrollBy(QPointF pixels);
+    // One zoom step closer (+1) or farther (-1): the + and - keys.
+    void ZoomStep(int direction);
     // The picture changed its size (the drawing is deferred until Invalidate).
     void Resized();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     bool DrawAllSafely(QImage& image);
     QColor BackgroundColor() const;
+    // Whether a press of this button starts dragging the plan.
+    bool StartsDrag(Qt::MouseButton button) const;
+    void RestoreCursor();
+    // Keys that scroll or zoom; false for any other key.
+    bool Navigate(const QKeyEvent& event);
 
     const CAnlage& anlage_;
     CPlanView& view_;
@@ -73,9 +92,10 @@ private:
     bool drawn_ = false;
     Tool tool_ = Tool::Pointer;
     bool dragging_ = false;
+    Qt::MouseButton dragButton_ = Qt::NoButton;
+    bool spaceHeld_ = false;
     QPoint dragStart_;
     QPoint dragOffset_;
-    int wheelRest_ = 0;
 };
 
 } // namespace kavrin

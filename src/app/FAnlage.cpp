@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScrollBar>
@@ -35,6 +36,7 @@
 #include "document/CAnlage.h"
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/LayoutLookup.h"
+#include "plan/CContentBox.h"
 #include "plan/CPlanPainter.h"
 #include "plan/CTerrainFiles.h"
 
@@ -74,6 +76,8 @@ FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
 void FAnlage::CreatePlan() {
     picPlan_ = new CPlanWidget(*anlage_, view_, main_.Options(), this);
     picPlan_->setContextMenuPolicy(Qt::CustomContextMenu);
+    // The window's focus is the plan's, so that the keys scroll as soon as it is active.
+    setFocusProxy(picPlan_);
     scrHor_ = new QScrollBar(Qt::Horizontal, this);
     scrHor_->setObjectName(QStringLiteral("scrHor"));
     scrVert_ = new QScrollBar(Qt::Vertical, this);
@@ -119,6 +123,9 @@ void FAnlage::ConnectCommands() {
     onTrigger(commands.MenuItem("popAnlZoomOut"), [this] { ZoomOut(); });
     onTrigger(commands.Button("World"), [this] { World(); });
     onTrigger(commands.MenuItem("mnuAnlWorld"), [this] { World(); });
+    onTrigger(commands.Button("Content"), [this] { ZoomToContent(); });
+    onTrigger(commands.MenuItem("mnuAnlContent"), [this] { ZoomToContent(); });
+    onTrigger(commands.MenuItem("popAnlContent"), [this] { ZoomToContent(); });
     onTrigger(commands.Button("Names"), [this](bool on) { SetWithNames(on); });
     onTrigger(commands.MenuItem("mnuAnlNames"), [this](bool on) { SetWithNames(on); });
     onTrigger(commands.Button("Signals"), [this](bool on) { SetWithSignals(on); });
@@ -129,11 +136,16 @@ void FAnlage::ConnectCommands() {
     onTrigger(commands.Button("MouseMover"), [this] { picPlan_->SetTool(CPlanWidget::Tool::Mover); });
 
     connect(cbZoom_, &QComboBox::currentIndexChanged, this, &FAnlage::ZoomSelected);
+    // After a choice in the zoom box the keys belong to the plan again.
+    connect(cbZoom_, &QComboBox::activated, picPlan_, [this] { picPlan_->setFocus(); });
+    connect(cbZoom_->lineEdit(), &QLineEdit::returnPressed, this, &FAnlage::ZoomTyped);
     connect(scrHor_, &QScrollBar::valueChanged, this, [this](int value) {
+        fitContent_ = false;
         view_.SetScrollValueX(value);
         picPlan_->Invalidate();
     });
     connect(scrVert_, &QScrollBar::valueChanged, this, [this](int value) {
+        fitContent_ = false;
         view_.SetScrollValueY(value);
         picPlan_->Invalidate();
     });
@@ -142,8 +154,12 @@ void FAnlage::ConnectCommands() {
     connect(picPlan_, &CPlanWidget::MouseAt, this,
             [this](double x, double y) { lblCoord_->setText(CoordinateText(x, y)); });
     connect(picPlan_, &CPlanWidget::MouseLeft, lblCoord_, &QLabel::clear);
-    connect(picPlan_, &CPlanWidget::Dragged, this, &FAnlage::DragPlan);
-    connect(picPlan_, &CPlanWidget::WheelZoom, this, &FAnlage::ZoomAtMouse);
+    connect(picPlan_, &CPlanWidget::Dragged, this,
+            [this](QPoint distance) { ScrollPlan(-QPointF(distance)); });
+    connect(picPlan_, &CPlanWidget::ScrollBy, this, &FAnlage::ScrollPlan);
+    connect(picPlan_, &CPlanWidget::ZoomBy, this, &FAnlage::ZoomAtMouse);
+    connect(picPlan_, &CPlanWidget::ZoomStep, this,
+            [this](int direction) { direction > 0 ? ZoomIn() : ZoomOut(); });
     connect(picPlan_, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { commands_->Popup()->popup(picPlan_->mapToGlobal(at)); });
 }
@@ -335,7 +351,8 @@ void FAnlage::closeEvent(QCloseEvent* event) {
 }
 
 // The plan after a load: extent and zoom steps from the terrain, the terrain's bitmaps checked
-// once, the commands and the status brought in line, and the first drawing.
+// once, the commands and the status brought in line, and the first drawing, fitted to the
+// layout's content.
 void FAnlage::InitPlan() {
     CPlanPainter::InitView(view_, *anlage_);
     CheckTerrainBitmaps();
@@ -344,7 +361,7 @@ void FAnlage::InitPlan() {
     commands_->ShowNames(picPlan_->Painter().WithNames);
     commands_->ShowSignals(picPlan_->Painter().WithSignals);
     commands_->ShowHeightFilterActive(anlage_->HoehenFilter().Active());
-    RescalePlan();
+    ZoomToContent();
 }
 
 void FAnlage::CheckTerrainBitmaps() {
@@ -357,94 +374,109 @@ void FAnlage::CheckTerrainBitmaps() {
 }
 
 void FAnlage::FillZoomBox() {
+    {
+        QSignalBlocker quiet(cbZoom_);
+        cbZoom_->clear();
+        for (float step : view_.ZoomSteps())
+            cbZoom_->addItem(ToQt(CPlanView::ZoomText(step)));
+    }
+    ShowZoom();
+}
+
+void FAnlage::ShowZoom() {
     QSignalBlocker quiet(cbZoom_);
-    cbZoom_->clear();
-    for (float step : view_.ZoomSteps())
-        cbZoom_->addItem(ToQt(CPlanView::ZoomText(step)));
     cbZoom_->setCurrentIndex(view_.ZoomIndex());
+    if (view_.ZoomIndex() < 0 && view_.Zoom() > 0)
+        cbZoom_->setEditText(ToQt(ZoomFactorText(view_.Zoom())));
     UpdateZoomCommands();
 }
 
 void FAnlage::ZoomSelected(int index) {
     if (index < 0 || index == view_.ZoomIndex())
         return;
+    fitContent_ = false;
     view_.SelectZoom(index);
-    UpdateZoomCommands();
+    ShowZoom();
     RescalePlan();
+}
+
+// A factor typed into the zoom box applies about the middle of the picture; anything that is
+// no factor gives way to the current one, and so does the text the box shows for it (which
+// may be rounded).
+void FAnlage::ZoomTyped() {
+    const std::string typed = FromQt(cbZoom_->currentText());
+    float factor = 0;
+    if (view_.Scaled() && typed != ZoomFactorText(view_.Zoom()) && ReadZoomFactor(typed, factor)) {
+        fitContent_ = false;
+        view_.ZoomAt(factor, view_.ClientWidth() / 2.0, view_.ClientHeight() / 2.0);
+    }
+    ShowZoom();
+    RescalePlan();
+    picPlan_->setFocus();
 }
 
 void FAnlage::ZoomIn() {
     if (view_.CanZoomIn())
-        cbZoom_->setCurrentIndex(view_.ZoomIndex() + 1);
+        cbZoom_->setCurrentIndex(view_.StepAbove());
 }
 
 void FAnlage::ZoomOut() {
     if (view_.CanZoomOut())
-        cbZoom_->setCurrentIndex(view_.ZoomIndex() - 1);
+        cbZoom_->setCurrentIndex(view_.StepBelow());
 }
 
 void FAnlage::World() {
-    if (cbZoom_->count() > 0)
-        cbZoom_->setCurrentIndex(0);
-}
-
-// The wheel zooms about the point under the mouse: that point stays where it is, as far as the
-// view can stay on the layout.
-void FAnlage::ZoomAtMouse(int notches, QPointF position) {
-    if (!view_.Scaled())
+    if (cbZoom_->count() == 0)
         return;
-    const int last = static_cast<int>(view_.ZoomSteps().size()) - 1;
-    const int index = std::clamp(view_.ZoomIndex() + notches, 0, last);
-    if (index == view_.ZoomIndex())
-        return;
-    const double x = view_.ToWorldX(position.x());
-    const double y = view_.ToWorldY(position.y());
-    {
-        QSignalBlocker quiet(cbZoom_);
-        cbZoom_->setCurrentIndex(index);
-    }
-    view_.SelectZoom(index);
-    if (view_.Zoom() > 1 && view_.Scaled()) {
-        view_.SetCentre(x + view_.Width() * (0.5 - position.x() / view_.ClientWidth()),
-                        y + view_.Height() * (0.5 - position.y() / view_.ClientHeight()));
-        view_.ScalePlan();
-        KeepViewOnLayout();
-    }
-    UpdateZoomCommands();
+    fitContent_ = false;
+    view_.World();
+    ShowZoom();
     RescalePlan();
 }
 
-// Along an axis on which the view is larger than the layout, the layout stays centred;
-// along the others the view does not leave the layout.
-void FAnlage::KeepViewOnLayout() {
-    const double halfW = view_.Width() / 2;
-    const double halfH = -view_.Height() / 2;
-    const double midX = view_.PosX() + view_.ExtX() / 2;
-    const double midY = view_.PosY() + view_.ExtY() / 2;
-    const double x = view_.ScrollRangeX() <= 0 ? midX
-                                               : std::clamp(view_.CentreX(), view_.PosX() + halfW,
-                                                            view_.PosX() + view_.ExtX() - halfW);
-    const double y = view_.ScrollRangeY() <= 0 ? midY
-                                               : std::clamp(view_.CentreY(), view_.PosY() + halfH,
-                                                            view_.PosY() + view_.ExtY() - halfH);
-    view_.SetCentre(x, y);
-    view_.ScalePlan();
+void FAnlage::ZoomToContent() {
+    if (view_.Zoom() <= 0)
+        return;
+    content_ = CContentBox::Of(*anlage_, view_.LayoutRect());
+    fitContent_ = true;
+    RescalePlan();
 }
 
-void FAnlage::DragPlan(QPoint distance) {
+// The wheel and a pinch zoom about the point under the mouse: that point stays where it is, as
+// far as the view can stay on the layout.
+void FAnlage::ZoomAtMouse(double multiplier, QPointF position) {
     if (!view_.Scaled())
         return;
-    const double pixel = view_.PixelSize();
-    view_.SetScrollValueX(view_.ScrollValueX() - distance.x() * pixel);
-    view_.SetScrollValueY(view_.ScrollValueY() - distance.y() * pixel);
+    fitContent_ = false;
+    if (!view_.ZoomAt(static_cast<float>(view_.Zoom() * multiplier), position.x(), position.y()))
+        return;
+    ShowZoom();
+    RescalePlan();
+}
+
+void FAnlage::ScrollPlan(QPointF pixels) {
+    if (!view_.Scaled())
+        return;
+    fitContent_ = false;
+    view_.ScrollBy(pixels.x(), pixels.y());
     UpdateScrollBars();
     picPlan_->Invalidate();
+}
+
+bool FAnlage::FitView() {
+    if (content_)
+        return view_.FitTo(*content_);
+    view_.World();
+    return view_.ScalePlan();
 }
 
 void FAnlage::RescalePlan() {
     paintTimer_->stop();
     view_.SetClientSize(picPlan_->width(), picPlan_->height());
-    view_.ScalePlan();
+    if (fitContent_ && FitView())
+        ShowZoom();
+    else
+        view_.ScalePlan();
     UpdateScrollBars();
     picPlan_->Invalidate();
 }
@@ -570,15 +602,11 @@ void FAnlage::ShowPlace(double x, double y) {
             index = i;
             break;
         }
-    {
-        QSignalBlocker quiet(cbZoom_);
-        cbZoom_->setCurrentIndex(index);
-    }
+    fitContent_ = false;
     view_.SelectZoom(index);
     view_.SetCentre(x, y);
-    view_.ScalePlan();
-    KeepViewOnLayout();
-    UpdateZoomCommands();
+    view_.KeepOnLayout();
+    ShowZoom();
     RescalePlan();
 }
 

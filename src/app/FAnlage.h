@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -76,6 +77,9 @@ public:
     void ZoomIn();
     void ZoomOut();
     void World();
+    // Shows all of the layout's content ("Auf Inhalt zoomen"), as the window opens; it stays
+    // fitted through resizes until the user moves or zooms the view.
+    void ZoomToContent();
     void SetWithNames(bool on);
     void SetWithSignals(bool on);
     // Opens the height filter dialog and applies what the user confirmed.
@@ -107,10 +111,14 @@ private:
     void InitPlan();
     void CheckTerrainBitmaps();
     void FillZoomBox();
+    // Brings cbZoom in line with the factor: its entry, or the factor as text between steps.
+    void ShowZoom();
     void ZoomSelected(int index);
-    void ZoomAtMouse(int notches, QPointF position);
-    void KeepViewOnLayout();
-    void DragPlan(QPoint distance);
+    void ZoomTyped();
+    void ZoomAtMouse(double multiplier, QPointF position);
+    void ScrollPlan(QPointF pixels);
+    // Fits the view to the content found last, or to the whole layout when there is none.
+    bool FitView();
     // Fits the plan to picPlan's size, updates the scroll bars and draws anew.
     void RescalePlan();
     void UpdateScrollBars();
@@ -137,6 +145,9 @@ private:
     QMenu* mnuEdit_ = nullptr;
     FSearch* search_ = nullptr;
     bool loading_ = false;
+    // The view follows the content (opening, "Auf Inhalt zoomen") until the user changes it.
+    bool fitContent_ = false;
+    std::optional<CRect> content_;
 };
 
 } // namespace kavrin

@@ -1,5 +1,8 @@
 #include "app/modPlanTexts.h"
 
+#include <charconv>
+#include <cmath>
+
 #include "core/modTools.h"
 #include "plan/CHoehenFilter.h"
 
@@ -17,6 +20,26 @@ std::string HeightFilterStatusText(const CHoehenFilter& filter) {
                                             LimitText(filter.TopActive(), filter.Top()))
                             : FormatMessage("nicht aktiv");
     return FormatMessage("Höhenfilter: %1", range);
+}
+
+std::string ZoomFactorText(float factor) {
+    const double value = factor;
+    const double scale = value < 10 ? 100 : value < 100 ? 10 : 1;
+    return FormatMessage("%1", std::round(value * scale) / scale);
+}
+
+bool ReadZoomFactor(const std::string& text, float& factor) {
+    std::string plain(Trim(text));
+    for (char& c : plain)
+        if (c == ',')
+            c = '.';
+    double value = 0;
+    const char* last = plain.data() + plain.size();
+    auto [end, error] = std::from_chars(plain.data(), last, value);
+    if (plain.empty() || error != std::errc() || end != last || !(value > 0) || !std::isfinite(value))
+        return false;
+    factor = static_cast<float>(value);
+    return true;
 }
 
 } // namespace kavrin

@@ -12,4 +12,11 @@ class CHoehenFilter;
 // limit in metres ("--" for a limit not in force), "Höhenfilter: -5m ... --" for example.
 std::string HeightFilterStatusText(const CHoehenFilter& filter);
 
+// The zoom factor as the zoom box shows it: "4", or between the steps with as many decimals
+// as the size of the factor calls for, in the user's format ("2,37", "12,5", "140").
+std::string ZoomFactorText(float factor);
+// A factor typed into the zoom box, with "," or "." as decimal separator; false when the text
+// is no positive number.
+bool ReadZoomFactor(const std::string& text, float& factor);
+
 } // namespace kavrin

@@ -44,6 +44,21 @@ void World(QPainter& p) {
         p.drawPolyline(corner, 3);
 }
 
+// Corners around a piece of track: the view closes in on what the layout holds.
+void Content(QPainter& p) {
+    QPainterPath track;
+    track.moveTo(6, 17);
+    track.cubicTo(10, 17, 12, 7, 18, 7);
+    p.drawPath(track);
+    p.setPen(QPen(kAccent, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF corners[4][3] = {{{2, 7}, {2, 2}, {7, 2}},
+                                   {{17, 2}, {22, 2}, {22, 7}},
+                                   {{22, 17}, {22, 22}, {17, 22}},
+                                   {{7, 22}, {2, 22}, {2, 17}}};
+    for (const auto& corner : corners)
+        p.drawPolyline(corner, 3);
+}
+
 void Names(QPainter& p) {
     QFont font = p.font();
     font.setPixelSize(15);
@@ -111,6 +126,8 @@ QIcon PlanToolIcon(const QString& key) {
         return Drawn([](QPainter& p) { Magnifier(p, false); });
     if (key == QLatin1String("World"))
         return Drawn(World);
+    if (key == QLatin1String("Content"))
+        return Drawn(Content);
     if (key == QLatin1String("Names"))
         return Drawn(Names);
     if (key == QLatin1String("Signals"))

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMouseEvent>
@@ -19,10 +20,12 @@
 
 #include "AppTestSupport.h"
 #include "PlanFixtures.h"
+#include "app/COptions.h"
 #include "app/CPlanCommands.h"
 #include "app/CPlanWidget.h"
 #include "app/CQtCanvas.h"
 #include "app/FAnlage.h"
+#include "app/modPlanTexts.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
@@ -52,8 +55,8 @@ void SendMouse(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton bu
     QApplication::sendEvent(widget, &event);
 }
 
-void SendWheel(QWidget* widget, QPoint at, int delta) {
-    QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
+void SendWheel(QWidget* widget, QPoint at, int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton, modifiers,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(widget, &event);
 }
@@ -73,6 +76,13 @@ private slots:
     void coordinateLineFollowsTheMouse();
     void coordinateTextUsesTheLocale();
     void wheelZoomsAboutTheMouse();
+    void shiftWheelScrollsSideways();
+    void opensFittedToTheContent();
+    void zoomToContentAndWholeLayout();
+    void typedFactorZoomsAndFocusReturnsToThePlan();
+    void zoomFactorTexts();
+    void keysScrollAndZoomThePlan();
+    void middleButtonAndSpaceDragWithAnyTool();
     void moverToolDragsThePlan();
     void resizesAreDrawnOnceTheTimerFires();
     void emptyPictureDrawsNothingAndDoesNotFail();
@@ -149,9 +159,9 @@ void PlanWindowTest::zoomStepsAsTheZoomBoxShowsThem() {
                                QStringLiteral("Steps%1.anl3").arg(++n));
         QVERIFY(window);
         QCOMPARE(ComboTexts(ZoomBox(window)), c.steps);
-        // A fresh layout starts on the last step.
-        QCOMPARE(ZoomBox(window)->currentIndex(), int(c.steps.size()) - 1);
-        QCOMPARE(window->View().Zoom(), c.steps.back().toFloat());
+        // A layout without content opens whole, on the first step.
+        QCOMPARE(ZoomBox(window)->currentIndex(), 0);
+        QCOMPARE(window->View().Zoom(), 1.0f);
     }
 }
 
@@ -166,6 +176,7 @@ void PlanWindowTest::zoomCommandsFollowTheSelectedStep() {
                commands.MenuItem("popAnlZoomOut")->isEnabled() == zoomOut();
     };
     QCOMPARE(ComboTexts(ZoomBox(window)), QStringList({"1", "2", "4", "8"}));
+    SelectZoom(window, 3);
     QVERIFY(!zoomIn() && zoomOut() && inSync()); // on the last entry
     commands.MenuItem("popAnlZoomOut")->trigger();
     QCOMPARE(ZoomBox(window)->currentText(), QString("4"));
@@ -275,27 +286,240 @@ void PlanWindowTest::coordinateTextUsesTheLocale() {
 void PlanWindowTest::wheelZoomsAboutTheMouse() {
     FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
     QVERIFY(window);
-    window->World();
+    SelectZoom(window, 2);
     QVERIFY(!Settled(window).isNull());
     const CPlanView& view = window->View();
     CPlanWidget* plan = window->Plan();
     const QPoint at(plan->width() / 3, plan->height() / 3);
     const double x = view.ToWorldX(at.x()), y = view.ToWorldY(at.y());
+    auto stays = [&] {
+        return std::fabs(view.ToWorldX(at.x()) - x) < view.PixelSize() &&
+               std::fabs(view.ToWorldY(at.y()) - y) < view.PixelSize();
+    };
+    // Three notches double the factor, between the steps; the box shows the factor.
     SendWheel(plan, at, 120);
-    QCOMPARE(view.Zoom(), 2.0f);
-    QCOMPARE(ZoomBox(window)->currentIndex(), 1);
-    QVERIFY(std::fabs(view.ToWorldX(at.x()) - x) < view.PixelSize());
-    QVERIFY(std::fabs(view.ToWorldY(at.y()) - y) < view.PixelSize());
-    // Half notches add up; zooming out at a corner does not leave the layout.
-    SendWheel(plan, QPoint(0, 0), -60);
-    QCOMPARE(view.Zoom(), 2.0f);
-    SendWheel(plan, QPoint(0, 0), 240);
-    SendWheel(plan, QPoint(0, 0), -60);
-    QCOMPARE(view.Zoom(), 4.0f);
-    QVERIFY(view.Left() >= view.PosX() - 1e-6 || view.ScrollRangeX() <= 0);
-    SendWheel(plan, at, -240);
+    QVERIFY(Near(view.Zoom(), 4 * CPlanWidget::WheelNotchFactor(), 1e-5));
+    QCOMPARE(ZoomBox(window)->currentIndex(), -1);
+    QCOMPARE(ZoomBox(window)->currentText(), ToQt(ZoomFactorText(view.Zoom())));
+    QVERIFY(stays());
+    SendWheel(plan, at, 240);
+    QVERIFY(Near(view.Zoom(), 8, 1e-5));
+    QCOMPARE(ZoomBox(window)->currentIndex(), 3);
+    QVERIFY(stays());
+    // Half notches zoom by half as much, Ctrl+wheel zooms as well; at a corner the view stays
+    // on the layout.
+    SendWheel(plan, at, 60, Qt::ControlModifier);
+    QVERIFY(Near(view.Zoom(), 8 * std::sqrt(CPlanWidget::WheelNotchFactor()), 1e-5));
+    QVERIFY(stays());
+    SendWheel(plan, QPoint(0, 0), -1200);
     QCOMPARE(view.Zoom(), 1.0f);
     QVERIFY(Near(view.CentreX(), 100000));
+    SendWheel(plan, QPoint(0, 0), 360);
+    QVERIFY(Near(view.Zoom(), 2, 1e-5));
+    QVERIFY(view.Left() >= view.PosX() - 1e-6 || view.ScrollRangeX() <= 0);
+    QVERIFY(view.Top() <= view.PosY() + view.ExtY() + 1e-6 || view.ScrollRangeY() <= 0);
+}
+
+// Shift+wheel scrolls sideways by a tenth of the picture per notch, the zoom stays.
+void PlanWindowTest::shiftWheelScrollsSideways() {
+    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
+    QVERIFY(window);
+    SelectZoom(window, 3);
+    QVERIFY(!Settled(window).isNull());
+    const CPlanView& view = window->View();
+    CPlanWidget* plan = window->Plan();
+    const double left = view.Left(), top = view.Top();
+    SendWheel(plan, {10, 10}, -120, Qt::ShiftModifier);
+    QCOMPARE(view.Zoom(), 8.0f);
+    QVERIFY(Near(view.Left(), left + 0.1 * plan->width() * view.PixelSize()));
+    QCOMPARE(view.Top(), top);
+    QCOMPARE(window->findChild<QScrollBar*>("scrHor")->value(), int(std::lround(view.ScrollValueX())));
+}
+// A 1 km layout whose goods lie in a corner opens on them: they fill the picture, centred.
+void PlanWindowTest::opensFittedToTheContent() {
+    FAnlage* window =
+        Open(test::PlanLayout(test::TerrainText(1000, 1000), {{70000, 80000, 0}, {76000, 83000, 0}}));
+    QVERIFY(window);
+    QVERIFY(!Settled(window).isNull());
+    const CPlanView& view = window->View();
+    QVERIFY(view.Zoom() > 8);
+    QVERIFY(Near(view.CentreX(), 73000) && Near(view.CentreY(), 81500));
+    QVERIFY(view.Left() < 70000 && view.Left() + view.Width() > 76000);
+    QVERIFY(view.Top() > 83000 && view.Top() + view.Height() < 80000);
+    QVERIFY(view.Width() < 6000 * 1.3 || -view.Height() < 3000 * 1.3);
+    for (const CNodeGood* good : test::Goods(window->Anlage()))
+        QVERIFY(good->OnPlan());
+    // Until the user changes the view, it stays fitted when the window changes its shape.
+    QMdiSubWindow* sub = window->SubWindow();
+    sub->resize(sub->width() / 2, sub->height());
+    QVERIFY(!Settled(window).isNull());
+    QVERIFY(Near(view.CentreX(), 73000) && Near(view.CentreY(), 81500));
+    QVERIFY(view.Left() < 70000 && view.Left() + view.Width() > 76000);
+    window->Plan()->setFocus();
+    QTest::keyClick(window->Plan(), Qt::Key_Right);
+    const double centre = view.CentreX();
+    QVERIFY(centre > 73000);
+    sub->resize(sub->width() * 2, sub->height());
+    QVERIFY(!Settled(window).isNull());
+    QCOMPARE(view.CentreX(), centre);
+}
+
+// Ctrl+0 shows the whole layout rectangle, Ctrl+9 ("Auf Inhalt zoomen", toolbar, menu and
+// popup) the content again.
+void PlanWindowTest::zoomToContentAndWholeLayout() {
+    FAnlage* window =
+        Open(test::PlanLayout(test::TerrainText(1000, 500), {{10000, 10000, 0}, {14000, 12000, 0}}));
+    QVERIFY(window);
+    QVERIFY(!Settled(window).isNull());
+    const CPlanView& view = window->View();
+    const float fitted = view.Zoom();
+    QVERIFY(fitted > 1);
+    const CPlanCommands& commands = window->Commands();
+    QVERIFY(commands.Button("Content")->isEnabled());
+    QCOMPARE(commands.Button("Content")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_9));
+    window->Plan()->setFocus();
+    QTest::keyClick(window->Plan(), Qt::Key_0, Qt::ControlModifier);
+    QCOMPARE(view.Zoom(), 1.0f);
+    QCOMPARE(ZoomBox(window)->currentIndex(), 0);
+    QTest::keyClick(window->Plan(), Qt::Key_9, Qt::ControlModifier);
+    QCOMPARE(view.Zoom(), fitted);
+    QVERIFY(Near(view.CentreX(), 12000));
+    for (const char* item : {"mnuAnlContent", "popAnlContent"}) {
+        window->World();
+        QCOMPARE(view.Zoom(), 1.0f);
+        commands.MenuItem(item)->trigger();
+        QCOMPARE(view.Zoom(), fitted);
+    }
+    QVERIFY(commands.MenuItem("mnuAnlContent")->text().contains(QStringLiteral("Inhalt")));
+}
+
+void PlanWindowTest::typedFactorZoomsAndFocusReturnsToThePlan() {
+    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
+    QVERIFY(window);
+    QVERIFY(!Settled(window).isNull());
+    QComboBox* box = ZoomBox(window);
+    // Only digits and one separator get into the box; factors beyond the closest view are
+    // clamped (ten metres across the 2 km layout).
+    struct Case {
+        QString typed;
+        float zoom;
+    };
+    for (const Case& c : {Case{"3,5", 3.5f}, Case{"12.25", 12.25f}, Case{"abc", 12.25f}, Case{"0", 12.25f},
+                          Case{"4", 4.0f}, Case{"1e9", 19.0f}, Case{"900000", 200.0f}}) {
+        box->setFocus();
+        box->lineEdit()->selectAll();
+        QTest::keyClicks(box->lineEdit(), c.typed);
+        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+        QCOMPARE(window->View().Zoom(), c.zoom);
+        QCOMPARE(box->currentText(), ToQt(ZoomFactorText(c.zoom)));
+        QVERIFY2(window->Plan()->hasFocus(), qPrintable(c.typed));
+    }
+    // Choosing an entry also hands the keys back to the plan.
+    box->setFocus();
+    box->setCurrentIndex(2);
+    emit box->activated(2);
+    QCOMPARE(window->View().Zoom(), 4.0f);
+    QVERIFY(window->Plan()->hasFocus());
+}
+
+void PlanWindowTest::zoomFactorTexts() {
+    const UserNumberFormat previous = GetUserNumberFormat();
+    SetUserNumberFormat({',', '.'});
+    struct Shown {
+        float factor;
+        std::string text;
+    };
+    for (const Shown& c : {Shown{4, "4"}, Shown{2.371f, "2,37"}, Shown{12.46f, "12,5"}, Shown{140.4f, "140"},
+                           Shown{1.999f, "2"}})
+        QCOMPARE(ZoomFactorText(c.factor), c.text);
+    struct Read {
+        std::string text;
+        bool ok;
+        float factor;
+    };
+    for (const Read& c :
+         {Read{"2,5", true, 2.5f}, Read{" 3.25 ", true, 3.25f}, Read{"7", true, 7}, Read{"", false, 0},
+          Read{"0", false, 0}, Read{"-2", false, 0}, Read{"2,5x", false, 0}, Read{"1,2,3", false, 0}}) {
+        float factor = 0;
+        QCOMPARE(ReadZoomFactor(c.text, factor), c.ok);
+        if (c.ok)
+            QCOMPARE(factor, c.factor);
+    }
+    SetUserNumberFormat(previous);
+}
+
+// Arrows move by a tenth of the picture, PgUp/PgDn by most of a page, + and - zoom by steps;
+// a click gives the plan the keys.
+void PlanWindowTest::keysScrollAndZoomThePlan() {
+    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
+    QVERIFY(window);
+    SelectZoom(window, 3);
+    QVERIFY(!Settled(window).isNull());
+    CPlanWidget* plan = window->Plan();
+    ZoomBox(window)->setFocus();
+    SendMouse(plan, QEvent::MouseButtonPress, {50, 50}, Qt::LeftButton);
+    SendMouse(plan, QEvent::MouseButtonRelease, {50, 50}, Qt::LeftButton);
+    QVERIFY(plan->focusPolicy() & Qt::ClickFocus);
+    plan->setFocus(); // what the click does in a real window system
+    const CPlanView& view = window->View();
+    const double pixel = view.PixelSize();
+    struct Case {
+        Qt::Key key;
+        double dx, dy; // pixels the view moves (x right, y down)
+    };
+    const Case cases[] = {
+        {Qt::Key_Right, 0.1 * plan->width(), 0},     {Qt::Key_Left, -0.1 * plan->width(), 0},
+        {Qt::Key_Down, 0, 0.1 * plan->height()},     {Qt::Key_Up, 0, -0.1 * plan->height()},
+        {Qt::Key_PageDown, 0, 0.9 * plan->height()}, {Qt::Key_PageUp, 0, -0.9 * plan->height()},
+    };
+    for (const Case& c : cases) {
+        const double left = view.Left(), top = view.Top();
+        QTest::keyClick(plan, c.key);
+        QVERIFY2(Near(view.Left(), left + c.dx * pixel, 1e-9) && Near(view.Top(), top - c.dy * pixel, 1e-9),
+                 qPrintable(QKeySequence(c.key).toString()));
+    }
+    QCOMPARE(window->findChild<QScrollBar*>("scrVert")->value(), int(std::lround(view.ScrollValueY())));
+    QTest::keyClick(plan, Qt::Key_Plus);
+    QCOMPARE(view.Zoom(), 16.0f);
+    QTest::keyClick(plan, Qt::Key_Minus);
+    QTest::keyClick(plan, Qt::Key_Minus, Qt::KeypadModifier);
+    QCOMPARE(view.Zoom(), 4.0f);
+    QCOMPARE(ZoomBox(window)->currentText(), QString("4"));
+    // The scroll stops at the layout's edge.
+    for (int i = 0; i < 40; ++i)
+        QTest::keyClick(plan, Qt::Key_Left);
+    QVERIFY(Near(view.Left(), view.PosX()));
+}
+
+// The middle button drags with the pointer tool too, and so does the left one while Space is
+// held; letting Space go ends that.
+void PlanWindowTest::middleButtonAndSpaceDragWithAnyTool() {
+    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
+    QVERIFY(window);
+    SelectZoom(window, 2);
+    QVERIFY(!Settled(window).isNull());
+    const CPlanView& view = window->View();
+    CPlanWidget* plan = window->Plan();
+    QCOMPARE(plan->CurrentTool(), CPlanWidget::Tool::Pointer);
+    auto drag = [&](Qt::MouseButton button, QPoint from, QPoint to) {
+        SendMouse(plan, QEvent::MouseButtonPress, from, button);
+        SendMouse(plan, QEvent::MouseMove, to, button);
+        SendMouse(plan, QEvent::MouseButtonRelease, to, button);
+    };
+    double left = view.Left();
+    drag(Qt::MiddleButton, {100, 100}, {140, 100});
+    QVERIFY(std::fabs(view.Left() - (left - 40 * view.PixelSize())) < 1);
+    left = view.Left();
+    plan->setFocus();
+    QTest::keyPress(plan, Qt::Key_Space);
+    QCOMPARE(plan->cursor().shape(), Qt::OpenHandCursor);
+    drag(Qt::LeftButton, {100, 100}, {70, 100});
+    QVERIFY(std::fabs(view.Left() - (left + 30 * view.PixelSize())) < 1);
+    QTest::keyRelease(plan, Qt::Key_Space);
+    QCOMPARE(plan->cursor().shape(), Qt::ArrowCursor);
+    left = view.Left();
+    drag(Qt::LeftButton, {100, 100}, {70, 100});
+    QCOMPARE(view.Left(), left);
 }
 
 void PlanWindowTest::moverToolDragsThePlan() {
@@ -449,7 +673,7 @@ void PlanWindowTest::terrainBitmapsAreReportedOnceAndThePlanStillDraws() {
     window->World();
     const QImage picture = Settled(window);
     QVERIFY(window->Plan()->Drawn());
-    QCOMPARE(picture.pixelColor(2, 2), QColor(Qt::white));
+    QCOMPARE(picture.pixelColor(2, 2), ColorFromBgr(main->Options().BgColor()));
     QVERIFY(test::Goods(window->Anlage()).front()->OnPlan());
     window->ZoomIn();
     window->RepaintPlan();
