@@ -77,6 +77,8 @@ const char* CRenderCommand::Usage() {
            "    --groesse BxH              Bildgröße in Pixeln (Vorgabe 1920x1080)\n"
            "    --zoom F                   Zoomfaktor; 1 zeigt die ganze Anlage (Vorgabe)\n"
            "    --mitte X;Y                Bildmitte in Metern (wirkt bei Zoom über 1)\n"
+           "    --inhalt                   den Inhalt der Anlage bildfüllend zeigen statt der\n"
+           "                               ganzen Anlage (nicht mit --zoom und --mitte)\n"
            "    --hoehe UNTEN:OBEN         Höhenfilter in Metern; eine Seite darf fehlen\n"
            "    --namen  --signale  --gleis-ids\n"
            "                               Namen, Signale und Kontakte, Gleis-IDs zeigen\n"
@@ -94,6 +96,8 @@ bool CRenderCommand::Parse(const std::vector<std::string>& args, Request& reques
             request.signals = true;
         } else if (arg == "--gleis-ids") {
             request.trackIds = true;
+        } else if (arg == "--inhalt") {
+            request.content = true;
         } else if (arg == "--groesse" || arg == "--zoom" || arg == "--mitte" || arg == "--hoehe") {
             if (!hasValue) {
                 problem = FormatMessage("Zur Option '%1' fehlt der Wert.", arg);
@@ -125,6 +129,10 @@ bool CRenderCommand::Parse(const std::vector<std::string>& args, Request& reques
         problem = FormatMessage("Falsche Anzahl von Argumenten für '%1'.", "render");
         return false;
     }
+    if (request.content && (request.zoom != 1 || request.centre)) {
+        problem = FormatMessage("'--inhalt' lässt sich nicht mit '--zoom' oder '--mitte' verbinden.");
+        return false;
+    }
     if (request.bottom && request.top && *request.bottom > *request.top) {
         problem = FormatMessage("Die untere Sichtgrenze kann nicht größer als die obere sein...");
         return false;
@@ -147,9 +155,14 @@ int CRenderCommand::Run(const Request& request) {
              << '\n';
         return 1;
     }
-    view.SetZoom(request.zoom);
-    if (request.centre && request.zoom > 1)
-        view.SetCentre(request.centre->first * 100, request.centre->second * 100);
+    view.SetClientSize(request.width, request.height);
+    if (request.content) {
+        CPlanPainter::FitToContent(view, anlage);
+    } else {
+        view.SetZoom(request.zoom);
+        if (request.centre && request.zoom > 1)
+            view.SetCentre(request.centre->first * 100, request.centre->second * 100);
+    }
     if (request.bottom)
         anlage.HoehenFilter().SetBottomLine(static_cast<float>(*request.bottom * 100));
     if (request.top)

@@ -35,6 +35,7 @@ public:
         bool names = false;
         bool signals = false;
         bool trackIds = false;
+        bool content = false; // fit the content instead of the whole layout
     };
 
     // Reads the arguments after "render"; false with the reason when they do not fit.

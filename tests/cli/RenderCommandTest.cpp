@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -77,6 +78,8 @@ TEST(RenderCommand, WrongArgumentsAreUsageErrors) {
                                                {"render", "a.anl3", "b.png", "--mitte", "12"},
                                                {"render", "a.anl3", "b.png", "--hoehe", "10:5"},
                                                {"render", "a.anl3", "b.png", "--hoehe", "abc:5"},
+                                               {"render", "a.anl3", "b.png", "--inhalt", "--zoom", "4"},
+                                               {"render", "a.anl3", "b.png", "--mitte", "1;2", "--inhalt"},
                                                {"render", "a.anl3", "b.png", "--farbig"}}) {
         RenderRun run(args);
         EXPECT_EQ(run.status, CCommandLine::kUsage) << args.back();
@@ -116,6 +119,31 @@ TEST(RenderCommand, HeightBandZoomAndOptionsReachTheDrawing) {
     EXPECT_LT(zoomed.canvas.Of("Polyline").size(), whole.canvas.Of("Polyline").size());
     ASSERT_FALSE(whole.canvas.Of("Polyline").empty());
     EXPECT_EQ(whole.canvas.Of("Polyline").front()->color, 0x0000FFu) << "colours come from the view options";
+}
+
+// The crossing of the sample is a few dozen metres in a layout of a kilometre: "--inhalt"
+// makes it fill the picture.
+TEST(RenderCommand, ContentFillsThePicture) {
+    std::string sample = test::SamplePath("Tutorial-Ampelkreuzung.anl3");
+    RenderRun whole({"render", sample, "a.png", "--groesse", "800x600"});
+    RenderRun content({"render", sample, "a.png", "--groesse", "800x600", "--inhalt"});
+    ASSERT_EQ(content.status, CCommandLine::kOk) << content.err.str();
+    CRect box(1e300, -1e300, -1e300, 1e300);
+    for (const auto* line : content.canvas.Of("Polyline"))
+        for (size_t i = 0; i < line->xs.size(); ++i) {
+            box.Left = std::min(box.Left, line->xs[i]);
+            box.Right = std::max(box.Right, line->xs[i]);
+            box.Top = std::max(box.Top, line->ys[i]);
+            box.Bottom = std::min(box.Bottom, line->ys[i]);
+        }
+    const CRect& view = content.canvas.view;
+    EXPECT_LT(view.Width(), whole.canvas.view.Width() / 3);
+    EXPECT_LE(view.Left, box.Left);
+    EXPECT_GE(view.Right, box.Right);
+    EXPECT_GE(view.Top, box.Top);
+    EXPECT_LE(view.Bottom, box.Bottom);
+    EXPECT_GT(std::max(box.Width() / view.Width(), (box.Top - box.Bottom) / (view.Top - view.Bottom)), 0.8)
+        << "the tracks fill the picture along one axis";
 }
 
 TEST(RenderCommand, FailuresLeaveNoPicture) {

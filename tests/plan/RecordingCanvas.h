@@ -21,7 +21,9 @@ public:
     RecordingCanvas(int width = 800, int height = 600) : width_(width), height_(height) {}
     int PixelWidth() const override { return width_; }
     int PixelHeight() const override { return height_; }
-    void SetView(double, double, double, double) override {}
+    void SetView(double left, double top, double width, double height) override {
+        view = CRect(left, top, left + width, top + height);
+    }
     void Clear(uint32_t color) override { calls.push_back({"Clear", color, {}, {}, {}}); }
     void SetPen(uint32_t color, double) override { color_ = color; }
     void Line(double x1, double y1, double x2, double y2) override {
@@ -53,6 +55,8 @@ public:
     }
 
     std::vector<Call> calls;
+    // The world window set last.
+    CRect view;
 
 private:
     void Mark(const char* kind, double x, double y) { calls.push_back({kind, color_, {x}, {y}, {}}); }
