@@ -101,10 +101,15 @@ QWidget* FAnlage::CreateStatusStrip() {
     lblStatus_ = new QLabel(strip);
     lblStatus_->setObjectName(QStringLiteral("lblStatus"));
     lblStatus_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    lblBitmap_ = new QLabel(strip);
+    lblBitmap_->setObjectName(QStringLiteral("lblBitmap"));
+    lblBitmap_->setStyleSheet(QStringLiteral("color: #8a3b00;"));
     auto* stripLayout = new QHBoxLayout(strip);
     stripLayout->setContentsMargins(6, 2, 6, 2);
     stripLayout->addWidget(lblVersion_, 1);
     stripLayout->addWidget(lblCoord_, 2);
+    stripLayout->addWidget(lblBitmap_);
+    stripLayout->addSpacing(12);
     stripLayout->addWidget(lblStatus_, 1);
     return strip;
 }
@@ -228,6 +233,12 @@ bool FAnlage::Load(const std::string& path) {
     ui_.SetStatusLabel(lblStatus_);
     ui_.BeginLoad(path);
     bool ok = anlage_->Load(path);
+    // The terrain's bitmaps are checked inside the load, so that what they lack stands in the
+    // parse log with the other hints.
+    if (ok) {
+        CheckTerrainBitmaps();
+        ui_.ParseLog().FinalState();
+    }
     ui_.EndLoad();
     ui_.SetStatusLabel(nullptr);
     loading_ = false;
@@ -350,12 +361,10 @@ void FAnlage::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-// The plan after a load: extent and zoom steps from the terrain, the terrain's bitmaps checked
-// once, the commands and the status brought in line, and the first drawing, fitted to the
-// layout's content.
+// The plan after a load: extent and zoom steps from the terrain, the commands and the status
+// brought in line, and the first drawing, fitted to the layout's content.
 void FAnlage::InitPlan() {
     CPlanPainter::InitView(view_, *anlage_);
-    CheckTerrainBitmaps();
     FillZoomBox();
     ShowHeightFilterStatus();
     commands_->ShowNames(picPlan_->Painter().WithNames);
@@ -371,6 +380,9 @@ void FAnlage::CheckTerrainBitmaps() {
     bitmaps_.Check(*terrain, FromQt(QFileInfo(QString::fromStdString(FileName())).absolutePath()));
     const CPlanImage& background = bitmaps_.Background();
     picPlan_->Painter().Background = background.Empty() ? nullptr : &background;
+    // The status line says when the colour map the layout names cannot be shown.
+    lblBitmap_->setText(ToQt(ColourMapStatusText(bitmaps_.ProblemOf(CTerrainBitmaps::FileF))));
+    lblBitmap_->setToolTip(ToQt(bitmaps_.Notice(CTerrainBitmaps::FileF)));
 }
 
 void FAnlage::FillZoomBox() {

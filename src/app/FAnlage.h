@@ -28,9 +28,9 @@ class FSearch;
 
 // The document window of one open layout: it loads the layout, draws its plan, shows its name,
 // version and state, saves it, and asks before a changed layout is closed. Controls: the
-// toolbar with cbZoom, picPlan with scrHor and scrVert, lblVersion, lblCoord, lblStatus and
-// PaintTimer; menus mnuFile (mnuFileSave, mnuFileSaveAs, mnuFileClose, recent files) and
-// mnuAnl; the plan's popup popAnl.
+// toolbar with cbZoom, picPlan with scrHor and scrVert, lblVersion, lblCoord, lblBitmap (the
+// colour map that cannot be shown), lblStatus and PaintTimer; menus mnuFile (mnuFileSave, mnuFileSaveAs,
+// mnuFileClose, recent files) and mnuAnl; the plan's popup popAnl.
 class FAnlage : public QWidget {
     Q_OBJECT
 public:
@@ -140,6 +140,7 @@ private:
     QLabel* lblVersion_ = nullptr;
     QLabel* lblCoord_ = nullptr;
     QLabel* lblStatus_ = nullptr;
+    QLabel* lblBitmap_ = nullptr;
     QTimer* paintTimer_ = nullptr;
     QMenu* mnuFile_ = nullptr;
     QMenu* mnuEdit_ = nullptr;

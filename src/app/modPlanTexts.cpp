@@ -22,6 +22,19 @@ std::string HeightFilterStatusText(const CHoehenFilter& filter) {
     return FormatMessage("Höhenfilter: %1", range);
 }
 
+std::string ColourMapStatusText(CTerrainBitmaps::Problem problem) {
+    switch (problem) {
+    case CTerrainBitmaps::Problem::Missing:
+        return FormatMessage("Farbkarte fehlt");
+    case CTerrainBitmaps::Problem::Invalid:
+        return FormatMessage("Farbkarte unbrauchbar");
+    case CTerrainBitmaps::Problem::WrongSize:
+        return FormatMessage("Farbkarte hat die falsche Größe");
+    default:
+        return {};
+    }
+}
+
 std::string ZoomFactorText(float factor) {
     const double value = factor;
     const double scale = value < 10 ? 100 : value < 100 ? 10 : 1;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "plan/CTerrainBitmaps.h"
+
 namespace kavrin {
 
 class CHoehenFilter;
@@ -11,6 +13,10 @@ class CHoehenFilter;
 // The status line of the height filter: "Höhenfilter: nicht aktiv", or the lower and the upper
 // limit in metres ("--" for a limit not in force), "Höhenfilter: -5m ... --" for example.
 std::string HeightFilterStatusText(const CHoehenFilter& filter);
+
+// The status line's word on a colour map the layout names but the plan cannot show
+// ("Farbkarte fehlt"); empty when there is nothing to say.
+std::string ColourMapStatusText(CTerrainBitmaps::Problem problem);
 
 // The zoom factor as the zoom box shows it: "4", or between the steps with as many decimals
 // as the size of the factor calls for, in the user's format ("2,37", "12,5", "140").

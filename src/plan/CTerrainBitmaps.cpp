@@ -21,8 +21,17 @@ void CTerrainBitmaps::Check(const CNodeLandschaft& terrain, const std::string& l
     for (int i = 0; i < kKinds; ++i) {
         auto kind = static_cast<Kind>(i);
         files_[kind] = *stored[i];
+        problems_[kind] = Problem::None;
+        notices_[kind].clear();
         accepted_[kind] = CheckOne(kind, *stored[i], layoutFolder);
     }
+}
+
+bool CTerrainBitmaps::Reject(Kind kind, Problem problem, std::string notice) {
+    problems_[kind] = problem;
+    notices_[kind] = std::move(notice);
+    AddParseHint(notices_[kind]);
+    return false;
 }
 
 bool CTerrainBitmaps::CheckOne(Kind kind, const std::string& stored, const std::string& layoutFolder) {
@@ -30,23 +39,20 @@ bool CTerrainBitmaps::CheckOne(Kind kind, const std::string& stored, const std::
         return false;
     std::string shown = stored.substr(1);
     std::string path = CTerrainFiles::Resolve(stored, layoutFolder);
-    if (!FileExists(path)) {
-        InfoBox(FormatMessage("%1 '%2' nicht vorhanden", AttributeName(kind), shown));
-        return false;
-    }
+    if (!FileExists(path))
+        return Reject(kind, Problem::Missing,
+                      FormatMessage("%1 '%2' nicht vorhanden", AttributeName(kind), shown));
     CBmpFile bitmap;
-    if (!bitmap.Open(path)) {
-        InfoBox(
+    if (!bitmap.Open(path))
+        return Reject(
+            kind, Problem::Invalid,
             FormatMessage("%1 '%2' ist keine gültige BMP-Datei;%nsie wird während dieser Sitzung ignoriert.",
                           AttributeName(kind), shown));
-        return false;
-    }
-    if (bitmap.Width() != expectedWidth_ || bitmap.Height() != expectedHeight_) {
-        InfoBox(FormatMessage("%1 '%2' hat die falsche Größe %3 x %4;%nerwartet werden %5 x %6 Pixel.",
-                              AttributeName(kind), shown, bitmap.Width(), bitmap.Height(), expectedWidth_,
-                              expectedHeight_));
-        return false;
-    }
+    if (bitmap.Width() != expectedWidth_ || bitmap.Height() != expectedHeight_)
+        return Reject(kind, Problem::WrongSize,
+                      FormatMessage("%1 '%2' hat die falsche Größe %3 x %4;%nerwartet werden %5 x %6 Pixel.",
+                                    AttributeName(kind), shown, bitmap.Width(), bitmap.Height(),
+                                    expectedWidth_, expectedHeight_));
     if (kind == FileF)
         background_ = bitmap.Decode();
     return true;

@@ -25,6 +25,7 @@
 #include "app/CPlanWidget.h"
 #include "app/CQtCanvas.h"
 #include "app/FAnlage.h"
+#include "app/FParseLogWindow.h"
 #include "app/modPlanTexts.h"
 #include "app/modQtText.h"
 #include "core/modTools.h"
@@ -664,8 +665,20 @@ void PlanWindowTest::terrainBitmapsAreReportedOnceAndThePlanStillDraws() {
         FormatMessage(
             "TexturenFile 'KaputtT.bmp' hat die falsche Größe 10 x 12;%nerwartet werden 100 x 80 Pixel."),
     };
-    QCOMPARE(port->infos, expected);
+    // One window, the parse log, holds them as hints; no message box comes up.
+    QVERIFY(port->infos.empty());
     QVERIFY(port->errors.empty());
+    QCOMPARE(port->ui.ParseLog().Hints(), expected);
+    FParseLogWindow* log = port->ui.ParseLogWindow();
+    QVERIFY(log && log->isVisible() && log->Finished());
+    for (const std::string& hint : expected)
+        for (const QString& line : ToQt(hint).split(QLatin1Char('\n')))
+            QVERIFY2(log->LogText().contains(line.trimmed()), qPrintable(line));
+    QVERIFY(!log->LogText().endsWith(QLatin1Char('\n')));
+    // The status line tells that the colour map is missing, the hint in its tooltip.
+    auto* notice = window->findChild<QLabel*>("lblBitmap");
+    QCOMPARE(notice->text(), QString("Farbkarte fehlt"));
+    QCOMPARE(notice->toolTip(), ToQt(expected.front()));
     const CTerrainBitmaps& bitmaps = window->TerrainBitmaps();
     QVERIFY(!bitmaps.Accepted(CTerrainBitmaps::FileF) && !bitmaps.Accepted(CTerrainBitmaps::FileT));
     QVERIFY(bitmaps.Accepted(CTerrainBitmaps::FileB));
@@ -678,7 +691,8 @@ void PlanWindowTest::terrainBitmapsAreReportedOnceAndThePlanStillDraws() {
     window->ZoomIn();
     window->RepaintPlan();
     QVERIFY(!Settled(window).isNull());
-    QCOMPARE(port->infos.size(), expected.size());
+    QCOMPARE(port->ui.ParseLog().Hints().size(), expected.size());
+    QVERIFY(port->infos.empty());
 }
 
 void PlanWindowTest::acceptedColourMapIsTheBackground() {
@@ -686,7 +700,8 @@ void PlanWindowTest::acceptedColourMapIsTheBackground() {
     FAnlage* window =
         Open(test::PlanLayout(test::TerrainText(100, 100, 0, 0, "FarbenFile=\"\\FarbeF.bmp\"")));
     QVERIFY(window);
-    QVERIFY(port->infos.empty());
+    QVERIFY(port->ui.ParseLog().Hints().empty());
+    QVERIFY(window->findChild<QLabel*>("lblBitmap")->text().isEmpty());
     QVERIFY(window->TerrainBitmaps().Accepted(CTerrainBitmaps::FileF));
     const QImage picture = Settled(window);
     QCOMPARE(picture.pixelColor(picture.width() / 2, picture.height() / 2), QColor(200, 30, 40));

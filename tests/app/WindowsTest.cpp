@@ -383,8 +383,13 @@ void WindowsTest::cancelStopsTheLoad() {
     QVERIFY(log->findChild<QPushButton*>("cmdOk")->isEnabled());
 }
 
+// A layout without hints, not even about terrain maps (the samples lack theirs).
 void WindowsTest::cleanLoadLeavesNoParseLog() {
-    QVERIFY(main->OpenFile(kSample));
+    const std::string clean = WriteLayout(
+        "Sauber.anl3",
+        test::LayoutText(
+            "", "<Schandlaft extX=\"75\" extY=\"75\" posX=\"-25000\" posY=\"-25000\" dichte=\"1.5E-03\"/>"));
+    QVERIFY(main->OpenFile(clean));
     QVERIFY(!port->ui.ParseLogWindow());
     QVERIFY(main->findChildren<FParseLogWindow*>().isEmpty() ||
             !main->findChildren<FParseLogWindow*>().first()->isVisible());

@@ -54,6 +54,7 @@ protected:
     void Check() {
         ASSERT_TRUE(Load(LayoutText("", kTerrain)));
         scope.ui.errors.clear();
+        scope.ui.parseLog.Open(path);
         bitmaps.Check(Single<CNodeLandschaft>(), dir.File(""));
     }
     CTerrainBitmaps bitmaps;
@@ -70,7 +71,14 @@ TEST_F(TerrainBitmaps, EachFileIsCheckedInOrderAndReportedOnce) {
     EXPECT_FALSE(bitmaps.Accepted(CTerrainBitmaps::FileH));
     EXPECT_FALSE(bitmaps.Accepted(CTerrainBitmaps::FileT));
     EXPECT_FALSE(bitmaps.Accepted(CTerrainBitmaps::FileB)) << "an empty name is simply not used";
-    EXPECT_EQ(scope.ui.errors,
+    EXPECT_EQ(bitmaps.ProblemOf(CTerrainBitmaps::FileF), CTerrainBitmaps::Problem::None);
+    EXPECT_EQ(bitmaps.ProblemOf(CTerrainBitmaps::FileH), CTerrainBitmaps::Problem::WrongSize);
+    EXPECT_EQ(bitmaps.ProblemOf(CTerrainBitmaps::FileT), CTerrainBitmaps::Problem::Invalid);
+    EXPECT_EQ(bitmaps.ProblemOf(CTerrainBitmaps::FileB), CTerrainBitmaps::Problem::None);
+    EXPECT_EQ(bitmaps.Notice(CTerrainBitmaps::FileH), Hints().at(0));
+    // Hints of the parse log, not message boxes.
+    EXPECT_TRUE(scope.ui.errors.empty());
+    EXPECT_EQ(Hints(),
               (std::vector<std::string>{
                   "HoehenFile 'tH.bmp' hat die falsche Größe 5 x 4;\r\nerwartet werden 6 x 4 Pixel.",
                   "TexturenFile 'tT.bmp' ist keine gültige BMP-Datei;\r\nsie wird während dieser Sitzung "
@@ -85,8 +93,9 @@ TEST_F(TerrainBitmaps, MissingFilesAndNamesDifferingInCase) {
     WriteFile(dir.File("TF.BMP"), Bmp(6, 4));
     Check();
     EXPECT_TRUE(bitmaps.Accepted(CTerrainBitmaps::FileF)) << "written on a system that ignores case";
-    EXPECT_EQ(scope.ui.errors, (std::vector<std::string>{"HoehenFile 'tH.bmp' nicht vorhanden",
-                                                         "TexturenFile 'tT.bmp' nicht vorhanden"}));
+    EXPECT_EQ(Hints(), (std::vector<std::string>{"HoehenFile 'tH.bmp' nicht vorhanden",
+                                                 "TexturenFile 'tT.bmp' nicht vorhanden"}));
+    EXPECT_EQ(bitmaps.ProblemOf(CTerrainBitmaps::FileT), CTerrainBitmaps::Problem::Missing);
 }
 
 TEST_F(TerrainBitmaps, ARejectedColourMapLeavesThePlainBackground) {
