@@ -7,7 +7,7 @@ namespace kavrin {
 namespace {
 constexpr size_t kSegmentSlots = size_t{1} << 17;
 constexpr int kProbes = 8;
-constexpr uint32_t kKinds = 4;
+constexpr uint32_t kKinds = 8;
 
 // A pixel coordinate as a 16-bit field; false when it does not fit.
 bool Field(double value, uint64_t& field) {

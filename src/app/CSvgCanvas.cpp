@@ -4,6 +4,7 @@
 #include <QImage>
 #include <charconv>
 #include <cmath>
+#include <vector>
 
 #include "app/CHairlineRaster.h"
 #include "plan/CPlanImage.h"
@@ -190,6 +191,74 @@ void CSvgCanvas::Triangle(double x, double y, double dx, double dy, double sizeP
     body_ += "<polygon points=\"" + Num(tip.x) + "," + Num(tip.y) + " " + Num(base.x + side.x) + "," +
              Num(base.y + side.y) + " " + Num(base.x - side.x) + "," + Num(base.y - side.y) + "\"" +
              Paint(filled) + "/>\n";
+}
+
+void CSvgCanvas::PolygonElement(const Point* points, int n, bool filled) {
+    Flush();
+    std::string list;
+    for (int i = 0; i < n; ++i)
+        list += (i == 0 ? "" : " ") + Num(points[i].x) + "," + Num(points[i].y);
+    body_ += "<polygon points=\"" + list + "\"" + Paint(filled) + " stroke-linejoin=\"round\"/>\n";
+}
+
+void CSvgCanvas::TurnedSquare(double x, double y, double halfPx, double dx, double dy, bool filled) {
+    const Point c = ToPixel(x, y);
+    const double norm = std::hypot(dx, dy);
+    if (!Tame(c) || !(halfPx > 0) || !std::isfinite(halfPx))
+        return;
+    // Pixel y grows downwards.
+    const double ux = norm > 0 && std::isfinite(norm) ? dx / norm : 1;
+    const double uy = norm > 0 && std::isfinite(norm) ? -dy / norm : 0;
+    const double h = halfPx;
+    const Point corners[4] = {{c.x + (ux - uy) * h, c.y + (uy + ux) * h},
+                              {c.x + (-ux - uy) * h, c.y + (ux - uy) * h},
+                              {c.x + (-ux + uy) * h, c.y + (-uy - ux) * h},
+                              {c.x + (ux + uy) * h, c.y + (uy - ux) * h}};
+    PolygonElement(corners, 4, filled);
+}
+
+// A polygon reaching far beyond the picture (the terrain's outline seen close) is written as
+// clipped lines when it is only outlined, and left out when filled.
+void CSvgCanvas::Polygon(const double* xs, const double* ys, int n, bool filled) {
+    if (n < 2)
+        return;
+    std::vector<Point> points;
+    bool tame = true;
+    for (int i = 0; i < n; ++i) {
+        points.push_back(ToPixel(xs[i], ys[i]));
+        tame = tame && Tame(points.back());
+    }
+    if (tame) {
+        PolygonElement(points.data(), n, filled);
+        return;
+    }
+    if (!filled)
+        for (int i = 0; i < n; ++i)
+            Segment(points[static_cast<size_t>(i)], points[static_cast<size_t>((i + 1) % n)]);
+}
+
+void CSvgCanvas::Label(double x, double y, std::string_view text, uint32_t color, uint32_t halo, int dxPx,
+                       int dyPx) {
+    Point at = ToPixel(x, y);
+    if (!Tame(at))
+        return;
+    Flush();
+    // The halo is the text's outline, painted under its fill.
+    body_ += "<text x=\"" + Num(at.x + dxPx) + "\" y=\"" + Num(at.y - dyPx - kFontPx * 0.2) + "\" fill=\"" +
+             Colour(color) + "\" stroke=\"" + Colour(halo) +
+             "\" stroke-width=\"3\" stroke-linejoin=\"round\" paint-order=\"stroke\">" + XmlText(text) +
+             "</text>\n";
+}
+
+double CSvgCanvas::TextWidth(std::string_view text) const {
+    size_t characters = 0;
+    for (char c : text)
+        characters += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    return 0.6 * kFontPx * static_cast<double>(characters);
+}
+
+double CSvgCanvas::TextHeight() const {
+    return 1.2 * kFontPx;
 }
 
 void CSvgCanvas::Text(double x, double y, std::string_view text, uint32_t color, int dxPx, int dyPx) {

@@ -24,8 +24,15 @@ public:
     void Polyline(const double* xs, const double* ys, int n) override;
     void Circle(double x, double y, double radiusPx, bool filled) override;
     void Square(double x, double y, double halfPx, bool filled) override;
+    void TurnedSquare(double x, double y, double halfPx, double dx, double dy, bool filled) override;
     void Triangle(double x, double y, double dx, double dy, double sizePx, bool filled) override;
+    void Polygon(const double* xs, const double* ys, int n, bool filled) override;
     void Text(double x, double y, std::string_view text, uint32_t color, int dxPx, int dyPx) override;
+    void Label(double x, double y, std::string_view text, uint32_t color, uint32_t halo, int dxPx,
+               int dyPx) override;
+    // An estimate from the number of characters: the viewer chooses the font.
+    double TextWidth(std::string_view text) const override;
+    double TextHeight() const override;
     void StretchImage(const CPlanImage& image, const CRect& world) override;
     void Flush() override;
 
@@ -44,6 +51,8 @@ private:
     bool Tame(const Point& p) const;
     void Segment(Point a, Point b);
     std::string Paint(bool filled) const;
+    // A closed shape through pixel points.
+    void PolygonElement(const Point* points, int n, bool filled);
 
     int width_;
     int height_;

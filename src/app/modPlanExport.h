@@ -34,6 +34,6 @@ bool ExportPlan(CAnlage& anlage, const CPlanView& windowView, const CViewOptions
                 std::string& error);
 
 // Whether the plan is drawn with smoothed edges (the window and the export agree).
-inline constexpr bool kPlanAntialiasing = false;
+inline constexpr bool kPlanAntialiasing = true;
 
 } // namespace kavrin

@@ -43,19 +43,24 @@ protected:
     }
     void ForgetAnchor() { anchorKnown_ = false; }
     // The start of Paint from the anchor; (x, y) then hold the offset position.
-    bool PaintPrologueAtAnchor(const CPaintTarget& target, double& x, double& y) {
+    bool PaintPrologueAtAnchor(CPaintTarget& target, double& x, double& y) {
         x = anchorX_, y = anchorY_;
         return PaintPrologue(target, x, y, anchorZ_, anchorReach_);
     }
     // The common start of Paint: the height test (recorded), the offsets and the culling test.
-    // True when the node is to be drawn; (x, y) then hold the offset position.
-    bool PaintPrologue(const CPaintTarget& target, double& x, double& y, double z, double margin) {
+    // True when the node is to be drawn; (x, y) then hold the offset position. A selected node
+    // that is drawn is noted, so that it is drawn again in the highlight colour at the end.
+    bool PaintPrologue(CPaintTarget& target, double& x, double& y, double z, double margin) {
         inHeightRange_ = target.Filter().inRange(z);
         if (!inHeightRange_)
             return false;
         x += target.View().PaintXOffset;
         y += target.View().PaintYOffset;
-        return target.View().IsVisible(x, y, margin);
+        if (!target.View().IsVisible(x, y, margin))
+            return false;
+        if (selected_ && !target.Highlighting)
+            target.NoteSelected(this);
+        return true;
     }
     enum class PlacedMark { Building, Goods };
     // The whole Paint of an object that stands by its placement frame: a mark at its position

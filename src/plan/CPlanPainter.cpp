@@ -14,9 +14,11 @@
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/CTrackGeometry.h"
 #include "nodes/LayoutLookup.h"
+#include "plan/CCanvasRecorder.h"
 #include "plan/CContentBox.h"
 #include "plan/CPaintTarget.h"
 #include "plan/CPlanImage.h"
+#include "plan/CTrackBand.h"
 #include "plan/CViewOptions.h"
 
 namespace kavrin {
@@ -24,6 +26,9 @@ namespace kavrin {
 namespace {
 constexpr uint32_t kTrackIdColor = 0x800000; // dark blue
 constexpr uint32_t kRotCenterColor = 0xFF00FF;
+// The outline of the terrain: the background darkened a little.
+constexpr uint32_t kOutlineInk = 0x404040;
+constexpr double kOutlineShare = 0.3;
 
 // The node as T when it is exactly that class. Cheaper than a cross cast for the hundred
 // thousands of children of a large layout.
@@ -72,18 +77,14 @@ bool CPlanPainter::DrawAll(Canvas& canvas) {
     target.WithNames = WithNames;
     target.WithSignals = WithSignals;
     target.TrackMarks = options_.TrackMarks();
-    for (int style = 1; style <= options_.TrackStyleCount(); ++style) {
-        if (options_.TrackVisible(style)) {
-            target.Color = options_.TrackColor(style);
-            DrawTrackStyle(target, style);
-        } else {
-            HideTrackStyle(style);
-        }
-    }
+    target.Background = options_.BgColor();
+    DrawTrackStyles(canvas, target);
     for (int i = 1; i <= options_.ImmoStyleCount(); ++i) {
         int kind = CViewOptions::kFirstImmoKind + i - 1;
         if (options_.ImmoVisible(kind)) {
             target.Color = options_.ImmoColor(kind);
+            target.Placed =
+                kind == CViewOptions::kFirstImmoKind ? PlacedKind::Building : PlacedKind::Landscape;
             DrawImmoSammlung(target, kind);
         } else {
             HideImmoSammlung(kind);
@@ -91,29 +92,83 @@ bool CPlanPainter::DrawAll(Canvas& canvas) {
     }
     if (options_.GoodsVisible()) {
         target.Color = options_.GoodsColor();
+        target.Placed = PlacedKind::Goods;
         DrawGoods(target);
     } else {
         HideGoods();
     }
     if (options_.GleisId())
         DrawGleisIds(target);
+    target.Labels().Place(canvas, view_, MixColor(options_.BgColor(), 0xFFFFFF, 0.5));
+    DrawHighlight(target);
     DrawRotCenter(canvas);
     canvas.Flush();
     signalsShown_ = WithSignals;
     return true;
 }
 
+// Tracks by style, each with its track-accompanying objects. When the zoom shows tracks as
+// bands, every band goes down first, then the fills of roads, then the line work and marks of
+// all styles, so that no band covers the centre line or signal of a track drawn before it.
+void CPlanPainter::DrawTrackStyles(Canvas& canvas, CPaintTarget& target) {
+    const bool bands = CTrackBand::kWidest / view_.PixelSize() > CTrackBand::kMinPixels;
+    CCanvasRecorder fills(canvas), lines(canvas);
+    if (bands)
+        target.SetLayers(canvas, fills, lines);
+    target.Placed = PlacedKind::TrackObject;
+    for (int style = 1; style <= options_.TrackStyleCount(); ++style) {
+        if (options_.TrackVisible(style)) {
+            target.Color = options_.TrackColor(style);
+            target.TrackStyle = style;
+            DrawTrackStyle(target, style);
+        } else {
+            HideTrackStyle(style);
+        }
+    }
+    target.TrackStyle = 0;
+    target.Track = nullptr;
+    target.SetLayers(canvas, canvas, canvas);
+    fills.Replay(canvas);
+    lines.Replay(canvas);
+}
+
+// The selected objects once more, above everything, in the highlight colour.
+void CPlanPainter::DrawHighlight(CPaintTarget& target) const {
+    std::vector<CPaintTarget::Found> selected = target.TakeSelected();
+    if (selected.empty())
+        return;
+    target.Highlighting = true;
+    target.WithNames = false;
+    target.WithSignals = false;
+    target.Color = kHighlightColor;
+    for (const CPaintTarget::Found& found : selected) {
+        target.Placed = found.placed;
+        target.TrackStyle = found.trackStyle;
+        target.Track = found.track;
+        found.node->Paint(target);
+    }
+    target.Highlighting = false;
+}
+
+// Without a colour map the terrain rectangle is outlined, so that the layout's extent shows.
 void CPlanPainter::DrawBG(Canvas& canvas) const {
     canvas.Clear(options_.BgColor());
-    if (Background && !Background->Empty())
-        canvas.StretchImage(*Background, CRect(view_.PosX(), view_.PosY() + view_.ExtY(),
-                                               view_.PosX() + view_.ExtX(), view_.PosY()));
+    const CRect layout = view_.LayoutRect();
+    if (Background && !Background->Empty()) {
+        canvas.StretchImage(*Background, layout);
+        return;
+    }
+    const double xs[4] = {layout.Left, layout.Right, layout.Right, layout.Left};
+    const double ys[4] = {layout.Top, layout.Top, layout.Bottom, layout.Bottom};
+    canvas.SetPen(MixColor(options_.BgColor(), kOutlineInk, kOutlineShare), 1);
+    canvas.Polygon(xs, ys, 4, false);
 }
 
 // Signals and contacts start inactive and become active when drawn; they need hiding only
 // when the previous drawing showed them.
 void CPlanPainter::PaintTrack(CNodeGleis& track, CPaintTarget& target) const {
     track.SetActive(true);
+    target.Track = &track;
     if (!target.WithSignals && signalsShown_)
         track.HideTrackMarks();
     track.Paint(target);
@@ -144,6 +199,8 @@ void CPlanPainter::ShowTrackStyle(int style, CPaintTarget* target) {
             }
         }
     }
+    if (target)
+        target->Track = nullptr;
     ShowBuildings([style](int id) { return CViewOptions::TrackStyleOfCollection(id) == style; }, target);
 }
 
@@ -200,8 +257,8 @@ void CPlanPainter::DrawGleisIds(CPaintTarget& target) const {
                 continue;
             CTrackGeometry geometry(*track);
             CVector middle = geometry.PointAt(geometry.Length() / 2);
-            target.Draw().Text(middle.X + view_.PaintXOffset, middle.Y + view_.PaintYOffset,
-                               std::to_string(track->ID()), kTrackIdColor, 3, 12);
+            target.Labels().Add(middle.X + view_.PaintXOffset, middle.Y + view_.PaintYOffset,
+                                std::to_string(track->ID()), kTrackIdColor, 3, 12);
         }
 }
 

@@ -14,11 +14,15 @@ class CViewOptions;
 class Canvas;
 
 // Draws a whole layout (DrawAll): background, tracks by style with their track-accompanying
-// objects, buildings by kind, goods, track ids and the rotation centre, in that order. The
-// window and the bitmap export both draw through it, each on its own canvas.
+// objects, buildings by kind, goods, track ids, the names and ids placed where they fit, the
+// selected objects once more in the highlight colour, and the rotation centre, in that order.
+// The window and the bitmap export both draw through it, each on its own canvas.
 class CPlanPainter {
 public:
     CPlanPainter(CAnlage& anlage, CPlanView& view, const CViewOptions& options);
+
+    // Selected objects: a strong pink that none of the kinds uses (red in the low byte).
+    static constexpr uint32_t kHighlightColor = 235 | 0 << 8 | 140 << 16;
 
     // Takes the layout's extent from its terrain (whole world units) and builds the zoom steps;
     // false when the layout has no usable terrain.
@@ -40,6 +44,8 @@ public:
 
 private:
     void DrawBG(Canvas& canvas) const;
+    void DrawTrackStyles(Canvas& canvas, CPaintTarget& target);
+    void DrawHighlight(CPaintTarget& target) const;
     void DrawTrackStyle(CPaintTarget& target, int style);
     void HideTrackStyle(int style);
     void DrawImmoSammlung(CPaintTarget& target, int kind);

@@ -5,6 +5,7 @@
 
 #include "nodes/CTrackGeometry.h"
 #include "plan/CPaintTarget.h"
+#include "plan/CTrackBand.h"
 
 namespace kavrin {
 
@@ -12,11 +13,22 @@ namespace {
 constexpr double kLineWidth = 1;
 constexpr double kSelectedWidth = 3;
 constexpr double kMarkHalf = 3;
-constexpr double kMarkStroke = 7;
 constexpr double kSignalSize = 7;
 constexpr double kContactHalf = 2.5;
 constexpr int kMaxCurvePoints = 2000;
 constexpr uint32_t kSignalRed = 0x0000D0;
+// Sizes in the world (cm) that symbols take once the zoom shows them larger than their
+// smallest size in pixels: a house, a tree's crown, a mast or signal box, a load.
+constexpr double kBuildingHalf = 400;
+constexpr double kTreeRadius = 250;
+constexpr double kTrackObjectHalf = 100;
+constexpr double kGoodsRadius = 120;
+// Smallest sizes in pixels.
+constexpr double kBuildingHalfPx = 2.5;
+constexpr double kTreeRadiusPx = 2;
+constexpr double kTrackObjectHalfPx = 2;
+// How far a symbol drawn in metres is filled with its colour lightened towards the background.
+constexpr double kFillShare = 0.55;
 
 double Width(bool selected) {
     return selected ? kSelectedWidth : kLineWidth;
@@ -37,37 +49,133 @@ int CurvePointCount(double length, double step) {
     return static_cast<int>(std::min(count, static_cast<double>(kMaxCurvePoints)));
 }
 
-// The sampled centre line in the target's buffers, with marks at its ends when asked for.
+// A wide track: its band on the ground layer, a road's fill above all bands, a rail's centre
+// line above all fills.
+void DrawTrackBand(CPaintTarget& target, int count, double bandPx, bool selected) {
+    const CTrackBand::Look look = CTrackBand::LookOf(target.TrackStyle, target.Color, target.Background);
+    const double* xs = target.Xs.data();
+    const double* ys = target.Ys.data();
+    target.Ground().SetPen(look.band, bandPx);
+    target.Ground().Polyline(xs, ys, count);
+    if (look.fill) {
+        target.Fill().SetPen(*look.fill, std::max(1.0, bandPx - 2));
+        target.Fill().Polyline(xs, ys, count);
+    }
+    if (look.centreLine || selected) {
+        target.Draw().SetPen(target.Color, std::clamp(bandPx / 8, selected ? 2.0 : 1.0, 3.0));
+        target.Draw().Polyline(xs, ys, count);
+    }
+}
+
+// The sampled centre line in the target's buffers, as a band or a hairline, with marks at its
+// ends when asked for.
 void DrawTrackPoints(CPaintTarget& target, int count, bool selected) {
     Canvas& canvas = target.Draw();
-    canvas.SetPen(target.Color, Width(selected));
-    canvas.Polyline(target.Xs.data(), target.Ys.data(), count);
+    const double bandPx = target.TrackBandPixels();
+    if (bandPx > 0) {
+        DrawTrackBand(target, count, bandPx, selected);
+    } else {
+        canvas.SetPen(target.Color, Width(selected));
+        canvas.Polyline(target.Xs.data(), target.Ys.data(), count);
+    }
     if (target.TrackMarks) {
+        canvas.SetPen(target.Color, kLineWidth);
         canvas.Circle(target.Xs.front(), target.Ys.front(), 2, false);
         canvas.Circle(target.Xs.back(), target.Ys.back(), 2, false);
     }
 }
-} // namespace
 
-void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected) {
-    Canvas& canvas = target.Draw();
-    canvas.SetPen(target.Color, Width(selected));
-    canvas.Square(x, y, kMarkHalf, selected);
-    double length = std::hypot(dir.X, dir.Y);
+// The unit direction of a frame's Dir in the plan; east when it has none.
+void PlanDirection(const CVector& dir, double& ux, double& uy) {
+    const double length = std::sqrt(dir.X * dir.X + dir.Y * dir.Y);
+    ux = 1;
+    uy = 0;
     if (length > 0 && std::isfinite(length)) {
-        double reach = kMarkStroke * target.PixelSize() / length;
-        canvas.Line(x, y, x + dir.X * reach, y + dir.Y * reach);
+        ux = dir.X / length;
+        uy = dir.Y / length;
     }
 }
 
+// A square of half size `half` (world units) turned to (ux, uy), with a stroke from its centre
+// out through its front side: the way the object faces.
+void DrawFacingSquare(CPaintTarget& target, double x, double y, double ux, double uy, double half,
+                      bool filled, bool selected) {
+    Canvas& canvas = target.Draw();
+    const double halfPx = half / target.PixelSize();
+    const bool inMetres = halfPx > kMarkHalf + 0.5;
+    if (inMetres || filled) {
+        canvas.SetPen(inMetres ? MixColor(target.Color, target.Background, kFillShare) : target.Color,
+                      kLineWidth);
+        canvas.TurnedSquare(x, y, halfPx, ux, uy, true);
+    }
+    canvas.SetPen(target.Color, Width(selected));
+    if (inMetres || !filled)
+        canvas.TurnedSquare(x, y, halfPx, ux, uy, false);
+    // A filled square of a few pixels has no room for the stroke; seen from afar the plan
+    // shows where buildings stand, not which way they face.
+    if (inMetres || !filled) {
+        const double reach = half + std::max(3 * target.PixelSize(), half / 2);
+        canvas.Line(x, y, x + ux * reach, y + uy * reach);
+    }
+}
+
+// A disc of radius `radius` (world units), filled with the colour, or lightened with a rim once
+// it is drawn in metres.
+void DrawDisc(CPaintTarget& target, double x, double y, double radius, bool selected) {
+    Canvas& canvas = target.Draw();
+    const double radiusPx = radius / target.PixelSize();
+    if (radiusPx > kMarkHalf + 0.5) {
+        canvas.SetPen(MixColor(target.Color, target.Background, kFillShare), kLineWidth);
+        canvas.Circle(x, y, radiusPx, true);
+        canvas.SetPen(target.Color, Width(selected));
+        canvas.Circle(x, y, radiusPx, false);
+        return;
+    }
+    canvas.SetPen(target.Color, Width(selected));
+    canvas.Circle(x, y, radiusPx, true);
+}
+} // namespace
+
+// Buildings are filled squares facing their way, landscape elements filled discs, objects along
+// the tracks small open squares; each takes its size in metres once the zoom shows it larger
+// than its size in pixels.
+void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected) {
+    const double pixel = target.PixelSize();
+    if (!(pixel > 0))
+        return;
+    if (target.Placed == PlacedKind::Landscape) {
+        DrawDisc(target, x, y, std::max(kTreeRadius, kTreeRadiusPx * pixel), selected);
+        return;
+    }
+    double ux, uy;
+    PlanDirection(dir, ux, uy);
+    if (target.Placed == PlacedKind::TrackObject)
+        DrawFacingSquare(target, x, y, ux, uy, std::max(kTrackObjectHalf, kTrackObjectHalfPx * pixel), false,
+                         selected);
+    else
+        DrawFacingSquare(target, x, y, ux, uy, std::max(kBuildingHalf, kBuildingHalfPx * pixel), true,
+                         selected);
+}
+
+// A goods item: a ring, filled once it is drawn in metres.
 void DrawGoodsMark(CPaintTarget& target, double x, double y, bool selected) {
-    target.Draw().SetPen(target.Color, Width(selected));
-    target.Draw().Circle(x, y, kMarkHalf, selected);
+    const double pixel = target.PixelSize();
+    if (!(pixel > 0))
+        return;
+    const double radiusPx = std::max(kGoodsRadius / pixel, kMarkHalf);
+    Canvas& canvas = target.Draw();
+    if (radiusPx > kMarkHalf + 0.5) {
+        canvas.SetPen(MixColor(target.Color, target.Background, kFillShare), kLineWidth);
+        canvas.Circle(x, y, radiusPx, true);
+    }
+    canvas.SetPen(target.Color,
+                  radiusPx > kMarkHalf + 0.5 ? std::max(Width(selected), 1.5) : Width(selected));
+    canvas.Circle(x, y, radiusPx, false);
 }
 
 void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double dy, bool selected) {
     Canvas& canvas = target.Draw();
-    canvas.SetPen(kSignalRed, Width(selected));
+    canvas.SetPen(target.Highlighting ? target.Color : kSignalRed, Width(selected));
     canvas.Triangle(x, y, dx, dy, selected ? kSignalSize + 3 : kSignalSize, true);
 }
 
@@ -90,7 +198,7 @@ unsigned ContactColor(int setType) {
 }
 
 void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool selected) {
-    target.Draw().SetPen(ContactColor(setType), Width(selected));
+    target.Draw().SetPen(target.Highlighting ? target.Color : ContactColor(setType), Width(selected));
     target.Draw().Square(x, y, selected ? kContactHalf + 2 : kContactHalf, true);
 }
 
@@ -140,9 +248,10 @@ void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector
     DrawTrackPoints(target, 2, selected);
 }
 
+// Names go to the label layer, which places them where they do not cover each other.
 void DrawName(CPaintTarget& target, double x, double y, std::string_view name) {
-    if (!name.empty())
-        target.Draw().Text(x, y, name, target.Color, 5, -5);
+    if (!name.empty() && !target.Highlighting)
+        target.Labels().Add(x, y, std::string(name), target.Color, 5, -5);
 }
 
 TrackPlace TrackPlaceAt(const CTrackGeometry& geometry, double s) {

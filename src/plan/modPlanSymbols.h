@@ -14,15 +14,18 @@ class CVector;
 // The marks of the plan, shared by the node classes so that each kind looks the same wherever
 // it is drawn. Positions are world coordinates with the paint offsets already added.
 
-// A building or structure: a square with a short stroke in its viewing direction.
+// A building or structure by the target's PlacedKind: a turned square with a stroke in its
+// viewing direction for buildings and objects along the tracks, a filled disc for landscape
+// elements; in metres once the zoom allows, in pixels below.
 void DrawBuildingMark(CPaintTarget& target, double x, double y, const CVector& dir, bool selected);
-// A goods item: a small circle.
+// A goods item: a small ring.
 void DrawGoodsMark(CPaintTarget& target, double x, double y, bool selected);
 // A signal: a red triangle pointing along its track.
 void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double dy, bool selected);
 // A contact: a small square whose colour tells its kind.
 void DrawContactMark(CPaintTarget& target, double x, double y, int setType, bool selected);
-// A track's centre line, sampled along its geometry; marks at its ends with TrackMarks.
+// A track's centre line, sampled along its geometry, as a hairline or, once the zoom shows its
+// real width, as a band; marks at its ends with TrackMarks.
 void DrawTrackLine(CPaintTarget& target, const CTrackGeometry& geometry, bool selected);
 // The chord step that samples a track of this bend (1/cm; 0 straight, negative unknown) and
 // length finely enough for the target.
@@ -34,7 +37,7 @@ void DrawTrackPolyline(CPaintTarget& target, const std::vector<CVector>& points,
 // A straight piece: one line from its start along its direction.
 void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector& dir, double length,
                        bool selected);
-// A name beside a mark, in the target's colour.
+// A name beside a mark, in the target's colour, handed to the label layer.
 void DrawName(CPaintTarget& target, double x, double y, std::string_view name);
 
 // The model's name as the user knows it: the file name of a model path without folder and

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QtTest>
+#include <cmath>
 #include <limits>
 
 #include "app/CHairlineRaster.h"
@@ -15,6 +16,19 @@ using namespace kavrin;
 namespace {
 const QRgb kWhite = qRgb(255, 255, 255);
 
+// How much of the pen's red a pixel holds: 0 for white, 1 for pure red.
+double Ink(QRgb pixel) {
+    return (255 - qGreen(pixel)) / 255.0;
+}
+
+double Ink(const QImage& image) {
+    double total = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            total += Ink(image.pixel(x, y));
+    return total;
+}
+
 // Pixels that are not white.
 int Inked(const QImage& image) {
     int count = 0;
@@ -25,11 +39,12 @@ int Inked(const QImage& image) {
 }
 
 // Draws on a 100 x 100 picture showing the world square 0..1000 (y up).
-template <typename Draw> QImage Drawn(bool direct, Draw draw) {
+template <typename Draw> QImage Drawn(bool direct, Draw draw, bool smooth = false) {
     QImage image(100, 100, QImage::Format_RGB32);
     image.fill(kWhite);
     {
         QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing, smooth);
         std::unique_ptr<CQtCanvas> canvas = direct ? std::make_unique<CQtCanvas>(painter, image)
                                                    : std::make_unique<CQtCanvas>(painter, 100, 100);
         canvas->SetView(0, 1000, 1000, -1000);
@@ -99,6 +114,57 @@ private slots:
                 c.Square(500 + i * 1e-4, 500, 3, false);
         });
         QCOMPARE(many, once);
+    }
+
+    // A smooth line between two rows shares its colour between them, by how near it passes.
+    void smoothLinesShareTheirColour() {
+        for (double y : {500.0, 503.0}) {
+            QImage image = Drawn(
+                true, [y](Canvas& c) { c.Line(50, y, 950, y); }, true);
+            const double upper = Ink(image.pixel(50, 49)), lower = Ink(image.pixel(50, 50));
+            QVERIFY2(std::fabs(upper + lower - 1) < 0.02, qPrintable(QString::number(y)));
+            QVERIFY(std::fabs(lower - (y == 500 ? 0.5 : 0.2)) < 0.02);
+            QCOMPARE(image.pixel(50, 47), kWhite);
+        }
+        // A steep line too: one column's worth of colour in every row it crosses.
+        QImage steep = Drawn(
+            true, [](Canvas& c) { c.Line(503, 100, 503, 900); }, true);
+        QVERIFY(std::fabs(Ink(steep.pixel(49, 50)) + Ink(steep.pixel(50, 50)) - 1) < 0.02);
+    }
+
+    // Small discs and turned squares are stamped with smooth edges; a square turned by 45
+    // degrees stands on its corner.
+    void stampedMarksHaveTheirShape() {
+        QImage disc = Drawn(
+            true, [](Canvas& c) { c.Circle(505, 505, 3, true); }, true);
+        QCOMPARE(disc.pixel(50, 49), qRgb(255, 0, 0));
+        QCOMPARE(disc.pixel(55, 49), kWhite);
+        const double edge = Ink(disc.pixel(53, 49));
+        QVERIFY(edge > 0.1 && edge < 0.9);
+        struct Case {
+            double dx, dy;
+            QPoint inked, empty; // relative to the centre pixel
+        };
+        for (const Case& c :
+             {Case{1, 0, {3, 3}, {5, 0}}, Case{1, 1, {5, 0}, {4, 4}}, Case{-1, 1, {0, 5}, {-4, -4}}}) {
+            QImage square = Drawn(
+                true, [&](Canvas& canvas) { canvas.TurnedSquare(505, 505, 4, c.dx, c.dy, true); }, true);
+            QVERIFY(Ink(square.pixel(50 + c.inked.x(), 49 + c.inked.y())) > 0.5);
+            QCOMPARE(square.pixel(50 + c.empty.x(), 49 + c.empty.y()), kWhite);
+        }
+    }
+
+    // Large shapes are filled whole: the ink of a disc is its area.
+    void largeShapesAreFilledWhole() {
+        QImage disc = Drawn(
+            true, [](Canvas& c) { c.Circle(500, 500, 30, true); }, true);
+        QVERIFY(std::fabs(Ink(disc) - 3.14159 * 900) < 0.02 * 3.14159 * 900);
+        QImage ring = Drawn(
+            true, [](Canvas& c) { c.Circle(500, 500, 30, false); }, true);
+        QVERIFY(std::fabs(Ink(ring) - 2 * 3.14159 * 30) < 0.05 * 2 * 3.14159 * 30);
+        QImage square = Drawn(
+            true, [](Canvas& c) { c.TurnedSquare(500, 500, 20, 1, 1, true); }, true);
+        QVERIFY(std::fabs(Ink(square) - 1600) < 0.04 * 1600);
     }
 
     void backgroundImageIsStretchedOntoItsRectangle() {

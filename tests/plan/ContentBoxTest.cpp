@@ -13,7 +13,7 @@ using namespace kavrin::test;
 
 namespace {
 
-// The layout of the fixture: 75 m square around the origin ... in cm, -25000 .. 25000.
+// The layout of the fixture: 500 m square around the origin, -25000 .. 25000 cm.
 const CRect kLayout(-25000, 25000, 25000, -25000);
 
 std::string Good(const std::string& x, const std::string& y) {
