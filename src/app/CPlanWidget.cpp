@@ -5,6 +5,7 @@
 #include <QNativeGestureEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -15,6 +16,8 @@
 #include "core/IUserInterface.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "plan/CObjectTip.h"
+#include "plan/CPlanHitTest.h"
 #include "plan/CPlanPainter.h"
 #include "plan/CPlanView.h"
 #include "plan/CViewOptions.h"
@@ -28,6 +31,8 @@ constexpr double kNotchesPerDoubling = 3;
 // An arrow key moves the view by this share of the picture, PgUp/PgDn by a page less a margin.
 constexpr double kArrowStep = 0.1;
 constexpr double kPageStep = 0.9;
+// Pixels around the mouse within which an object shows its tooltip.
+constexpr int kTipReach = 5;
 
 // Shows the hourglass while it lives, also when drawing fails.
 class WaitCursor {
@@ -117,6 +122,24 @@ void CPlanWidget::SetTool(Tool tool) {
     RestoreCursor();
 }
 
+QString CPlanWidget::ToolTipAt(QPointF at) const {
+    if (!drawn_ || !view_.Scaled() || dragging_)
+        return {};
+    const CPlanHitTest::Hit hit = CPlanHitTest::At(anlage_, view_, view_.ToWorldX(at.x()),
+                                                   view_.ToWorldY(at.y()), kTipReach * view_.PixelSize());
+    return hit ? ToQt(CObjectTip::Of(*hit.node, hit.at)) : QString();
+}
+
+// The object under the mouse says what it is; over empty land no tip shows.
+void CPlanWidget::ShowToolTip(const QPoint& at, const QPoint& global) {
+    const QString text = ToolTipAt(at);
+    if (text.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(global, text, this,
+                           QRect(at - QPoint(kTipReach, kTipReach), QSize(2, 2) * kTipReach));
+}
+
 void CPlanWidget::RestoreCursor() {
     if (dragging_)
         setCursor(Qt::ClosedHandCursor);
@@ -193,6 +216,11 @@ void CPlanWidget::wheelEvent(QWheelEvent* event) {
 }
 
 bool CPlanWidget::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        auto* help = static_cast<QHelpEvent*>(event);
+        ShowToolTip(help->pos(), help->globalPos());
+        return true;
+    }
     if (event->type() == QEvent::NativeGesture) {
         auto* gesture = static_cast<QNativeGestureEvent*>(event);
         if (gesture->gestureType() == Qt::ZoomNativeGesture && view_.Scaled()) {

@@ -17,7 +17,8 @@ class CViewOptions;
 // redrawn after Invalidate; while a resize is pending (Defer) the old picture is shown as is.
 // It takes the keyboard focus when clicked: the arrow keys and PgUp/PgDn scroll, + and - zoom.
 // The wheel (also with Ctrl) and a pinch zoom about the mouse, Shift+wheel scrolls sideways;
-// the middle button, and the left one with Space held or the mover tool, drag the plan.
+// the middle button, and the left one with Space held or the mover tool, drag the plan. Resting
+// over an object shows what it is.
 class CPlanWidget : public QWidget {
     Q_OBJECT
 public:
@@ -44,6 +45,9 @@ public:
 
     // The factor one wheel notch zooms by.
     static double WheelNotchFactor();
+    // The tooltip of the object at a pixel position (kind, id, model, position ...); empty
+    // where there is none.
+    QString ToolTipAt(QPointF at) const;
 
 signals:
     // The mouse is at a world position; MouseLeft when it has left the plan.
@@ -81,6 +85,7 @@ private:
     void RestoreCursor();
     // Keys that scroll or zoom; false for any other key.
     bool Navigate(const QKeyEvent& event);
+    void ShowToolTip(const QPoint& at, const QPoint& global);
 
     const CAnlage& anlage_;
     CPlanView& view_;

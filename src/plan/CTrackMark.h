@@ -20,6 +20,8 @@ public:
     // Paints with the geometry of the parent track, which the track has at hand.
     bool PaintAt(CPaintTarget& target, const CTrackGeometry& track);
     bool inRect(const CRect& world) const override;
+    // Distance from the start of its track in cm.
+    double DistanceAlongTrack() const { return TrackPosition(); }
     void Move(double, double) override {}
     void Rotate(double, double, double) override {}
 

@@ -179,6 +179,19 @@ void DrawSignalMark(CPaintTarget& target, double x, double y, double dx, double 
     canvas.Triangle(x, y, dx, dy, selected ? kSignalSize + 3 : kSignalSize, true);
 }
 
+double SymbolReach(PlacedKind kind) {
+    switch (kind) {
+    case PlacedKind::Building:
+        return kBuildingHalf;
+    case PlacedKind::Landscape:
+        return kTreeRadius;
+    case PlacedKind::TrackObject:
+        return kTrackObjectHalf;
+    default:
+        return kGoodsRadius;
+    }
+}
+
 unsigned ContactColor(int setType) {
     if (setType == 0)
         return 0x0080FF; // signal or switch: orange

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "plan/CPaintTarget.h"
+
 namespace kavrin {
 
 class C3Bein;
@@ -39,6 +41,9 @@ void DrawStraightTrack(CPaintTarget& target, const CVector& start, const CVector
                        bool selected);
 // A name beside a mark, in the target's colour, handed to the label layer.
 void DrawName(CPaintTarget& target, double x, double y, std::string_view name);
+
+// How far the symbol of a placed object reaches from its position once drawn in metres (cm).
+double SymbolReach(PlacedKind kind);
 
 // The model's name as the user knows it: the file name of a model path without folder and
 // extension ("\Immobilien\Haus_1.3dm" -> "Haus_1").

@@ -1,6 +1,6 @@
-// The plan of a document window, offscreen: fitting the layout to the picture, the zoom steps
-// and commands, the scroll bars, the coordinate line, wheel and drag, deferred drawing after
-// resizes, culling at the edges, and the terrain bitmaps.
+// The plan of a document window, offscreen: fitting the layout to the picture and to its
+// content, the zoom steps and commands, the scroll bars, the coordinate line, deferred drawing
+// after resizes, culling at the edges, and the terrain bitmaps.
 
 #include <QAction>
 #include <QComboBox>
@@ -20,6 +20,7 @@
 
 #include "AppTestSupport.h"
 #include "PlanFixtures.h"
+#include "PlanWindowFixture.h"
 #include "app/COptions.h"
 #include "app/CPlanCommands.h"
 #include "app/CPlanWidget.h"
@@ -36,12 +37,11 @@
 #include "plan/CViewOptions.h"
 
 using namespace kavrin;
+using kavrin::test::Near;
+using kavrin::test::SendMouse;
+using kavrin::test::SendWheel;
 
 namespace {
-
-bool Near(double a, double b, double tolerance = 1e-6) {
-    return std::fabs(a - b) <= tolerance * std::max(1.0, std::fabs(b));
-}
 
 QStringList ComboTexts(const QComboBox* box) {
     QStringList texts;
@@ -50,21 +50,9 @@ QStringList ComboTexts(const QComboBox* box) {
     return texts;
 }
 
-void SendMouse(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button = Qt::NoButton) {
-    Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
-    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void SendWheel(QWidget* widget, QPoint at, int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton, modifiers,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(widget, &event);
-}
-
 } // namespace
 
-class PlanWindowTest : public QObject, public test::MainWindowFixture {
+class PlanWindowTest : public QObject, public test::PlanWindowFixture {
     Q_OBJECT
 private slots:
     void init() { QVERIFY(Start()); }
@@ -76,39 +64,14 @@ private slots:
     void scrollBarsCountWorldUnits();
     void coordinateLineFollowsTheMouse();
     void coordinateTextUsesTheLocale();
-    void wheelZoomsAboutTheMouse();
-    void shiftWheelScrollsSideways();
     void opensFittedToTheContent();
     void zoomToContentAndWholeLayout();
-    void typedFactorZoomsAndFocusReturnsToThePlan();
-    void zoomFactorTexts();
-    void keysScrollAndZoomThePlan();
-    void middleButtonAndSpaceDragWithAnyTool();
-    void moverToolDragsThePlan();
     void resizesAreDrawnOnceTheTimerFires();
     void emptyPictureDrawsNothingAndDoesNotFail();
     void namesSignalsAndMouseToolsStayInStep();
     void nodesOnTheEdgeOfTheViewAreDrawn();
     void terrainBitmapsAreReportedOnceAndThePlanStillDraws();
     void acceptedColourMapIsTheBackground();
-
-private:
-    FAnlage* Open(const std::string& text, const QString& name = QStringLiteral("Plan.anl3")) {
-        const QString path = dir_.filePath(name);
-        test::WriteFile(path.toStdString(), text);
-        return main->OpenFile(path.toStdString());
-    }
-    // Waits for the deferred drawing and returns what the plan shows.
-    static QImage Settled(FAnlage* window) {
-        auto* timer = window->findChild<QTimer*>("PaintTimer");
-        if (!QTest::qWaitFor([timer] { return !timer->isActive(); }))
-            return {};
-        return window->Plan()->grab().toImage();
-    }
-    static QComboBox* ZoomBox(FAnlage* window) { return window->findChild<QComboBox*>("cbZoom"); }
-    static void SelectZoom(FAnlage* window, int index) { ZoomBox(window)->setCurrentIndex(index); }
-
-    QTemporaryDir dir_;
 };
 
 // Square layouts: in a wide picture the layout fills the height and is centred left to right,
@@ -284,58 +247,6 @@ void PlanWindowTest::coordinateTextUsesTheLocale() {
     QCOMPARE(CoordinateText(123456789, 0, QLocale::c()), QString("X: 1,234,567.89 m, Y: 0.00 m"));
 }
 
-void PlanWindowTest::wheelZoomsAboutTheMouse() {
-    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
-    QVERIFY(window);
-    SelectZoom(window, 2);
-    QVERIFY(!Settled(window).isNull());
-    const CPlanView& view = window->View();
-    CPlanWidget* plan = window->Plan();
-    const QPoint at(plan->width() / 3, plan->height() / 3);
-    const double x = view.ToWorldX(at.x()), y = view.ToWorldY(at.y());
-    auto stays = [&] {
-        return std::fabs(view.ToWorldX(at.x()) - x) < view.PixelSize() &&
-               std::fabs(view.ToWorldY(at.y()) - y) < view.PixelSize();
-    };
-    // Three notches double the factor, between the steps; the box shows the factor.
-    SendWheel(plan, at, 120);
-    QVERIFY(Near(view.Zoom(), 4 * CPlanWidget::WheelNotchFactor(), 1e-5));
-    QCOMPARE(ZoomBox(window)->currentIndex(), -1);
-    QCOMPARE(ZoomBox(window)->currentText(), ToQt(ZoomFactorText(view.Zoom())));
-    QVERIFY(stays());
-    SendWheel(plan, at, 240);
-    QVERIFY(Near(view.Zoom(), 8, 1e-5));
-    QCOMPARE(ZoomBox(window)->currentIndex(), 3);
-    QVERIFY(stays());
-    // Half notches zoom by half as much, Ctrl+wheel zooms as well; at a corner the view stays
-    // on the layout.
-    SendWheel(plan, at, 60, Qt::ControlModifier);
-    QVERIFY(Near(view.Zoom(), 8 * std::sqrt(CPlanWidget::WheelNotchFactor()), 1e-5));
-    QVERIFY(stays());
-    SendWheel(plan, QPoint(0, 0), -1200);
-    QCOMPARE(view.Zoom(), 1.0f);
-    QVERIFY(Near(view.CentreX(), 100000));
-    SendWheel(plan, QPoint(0, 0), 360);
-    QVERIFY(Near(view.Zoom(), 2, 1e-5));
-    QVERIFY(view.Left() >= view.PosX() - 1e-6 || view.ScrollRangeX() <= 0);
-    QVERIFY(view.Top() <= view.PosY() + view.ExtY() + 1e-6 || view.ScrollRangeY() <= 0);
-}
-
-// Shift+wheel scrolls sideways by a tenth of the picture per notch, the zoom stays.
-void PlanWindowTest::shiftWheelScrollsSideways() {
-    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
-    QVERIFY(window);
-    SelectZoom(window, 3);
-    QVERIFY(!Settled(window).isNull());
-    const CPlanView& view = window->View();
-    CPlanWidget* plan = window->Plan();
-    const double left = view.Left(), top = view.Top();
-    SendWheel(plan, {10, 10}, -120, Qt::ShiftModifier);
-    QCOMPARE(view.Zoom(), 8.0f);
-    QVERIFY(Near(view.Left(), left + 0.1 * plan->width() * view.PixelSize()));
-    QCOMPARE(view.Top(), top);
-    QCOMPARE(window->findChild<QScrollBar*>("scrHor")->value(), int(std::lround(view.ScrollValueX())));
-}
 // A 1 km layout whose goods lie in a corner opens on them: they fill the picture, centred.
 void PlanWindowTest::opensFittedToTheContent() {
     FAnlage* window =
@@ -392,158 +303,6 @@ void PlanWindowTest::zoomToContentAndWholeLayout() {
         QCOMPARE(view.Zoom(), fitted);
     }
     QVERIFY(commands.MenuItem("mnuAnlContent")->text().contains(QStringLiteral("Inhalt")));
-}
-
-void PlanWindowTest::typedFactorZoomsAndFocusReturnsToThePlan() {
-    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
-    QVERIFY(window);
-    QVERIFY(!Settled(window).isNull());
-    QComboBox* box = ZoomBox(window);
-    // Only digits and one separator get into the box; factors beyond the closest view are
-    // clamped (ten metres across the 2 km layout).
-    struct Case {
-        QString typed;
-        float zoom;
-    };
-    for (const Case& c : {Case{"3,5", 3.5f}, Case{"12.25", 12.25f}, Case{"abc", 12.25f}, Case{"0", 12.25f},
-                          Case{"4", 4.0f}, Case{"1e9", 19.0f}, Case{"900000", 200.0f}}) {
-        box->setFocus();
-        box->lineEdit()->selectAll();
-        QTest::keyClicks(box->lineEdit(), c.typed);
-        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
-        QCOMPARE(window->View().Zoom(), c.zoom);
-        QCOMPARE(box->currentText(), ToQt(ZoomFactorText(c.zoom)));
-        QVERIFY2(window->Plan()->hasFocus(), qPrintable(c.typed));
-    }
-    // Choosing an entry also hands the keys back to the plan.
-    box->setFocus();
-    box->setCurrentIndex(2);
-    emit box->activated(2);
-    QCOMPARE(window->View().Zoom(), 4.0f);
-    QVERIFY(window->Plan()->hasFocus());
-}
-
-void PlanWindowTest::zoomFactorTexts() {
-    const UserNumberFormat previous = GetUserNumberFormat();
-    SetUserNumberFormat({',', '.'});
-    struct Shown {
-        float factor;
-        std::string text;
-    };
-    for (const Shown& c : {Shown{4, "4"}, Shown{2.371f, "2,37"}, Shown{12.46f, "12,5"}, Shown{140.4f, "140"},
-                           Shown{1.999f, "2"}})
-        QCOMPARE(ZoomFactorText(c.factor), c.text);
-    struct Read {
-        std::string text;
-        bool ok;
-        float factor;
-    };
-    for (const Read& c :
-         {Read{"2,5", true, 2.5f}, Read{" 3.25 ", true, 3.25f}, Read{"7", true, 7}, Read{"", false, 0},
-          Read{"0", false, 0}, Read{"-2", false, 0}, Read{"2,5x", false, 0}, Read{"1,2,3", false, 0}}) {
-        float factor = 0;
-        QCOMPARE(ReadZoomFactor(c.text, factor), c.ok);
-        if (c.ok)
-            QCOMPARE(factor, c.factor);
-    }
-    SetUserNumberFormat(previous);
-}
-
-// Arrows move by a tenth of the picture, PgUp/PgDn by most of a page, + and - zoom by steps;
-// a click gives the plan the keys.
-void PlanWindowTest::keysScrollAndZoomThePlan() {
-    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
-    QVERIFY(window);
-    SelectZoom(window, 3);
-    QVERIFY(!Settled(window).isNull());
-    CPlanWidget* plan = window->Plan();
-    ZoomBox(window)->setFocus();
-    SendMouse(plan, QEvent::MouseButtonPress, {50, 50}, Qt::LeftButton);
-    SendMouse(plan, QEvent::MouseButtonRelease, {50, 50}, Qt::LeftButton);
-    QVERIFY(plan->focusPolicy() & Qt::ClickFocus);
-    plan->setFocus(); // what the click does in a real window system
-    const CPlanView& view = window->View();
-    const double pixel = view.PixelSize();
-    struct Case {
-        Qt::Key key;
-        double dx, dy; // pixels the view moves (x right, y down)
-    };
-    const Case cases[] = {
-        {Qt::Key_Right, 0.1 * plan->width(), 0},     {Qt::Key_Left, -0.1 * plan->width(), 0},
-        {Qt::Key_Down, 0, 0.1 * plan->height()},     {Qt::Key_Up, 0, -0.1 * plan->height()},
-        {Qt::Key_PageDown, 0, 0.9 * plan->height()}, {Qt::Key_PageUp, 0, -0.9 * plan->height()},
-    };
-    for (const Case& c : cases) {
-        const double left = view.Left(), top = view.Top();
-        QTest::keyClick(plan, c.key);
-        QVERIFY2(Near(view.Left(), left + c.dx * pixel, 1e-9) && Near(view.Top(), top - c.dy * pixel, 1e-9),
-                 qPrintable(QKeySequence(c.key).toString()));
-    }
-    QCOMPARE(window->findChild<QScrollBar*>("scrVert")->value(), int(std::lround(view.ScrollValueY())));
-    QTest::keyClick(plan, Qt::Key_Plus);
-    QCOMPARE(view.Zoom(), 16.0f);
-    QTest::keyClick(plan, Qt::Key_Minus);
-    QTest::keyClick(plan, Qt::Key_Minus, Qt::KeypadModifier);
-    QCOMPARE(view.Zoom(), 4.0f);
-    QCOMPARE(ZoomBox(window)->currentText(), QString("4"));
-    // The scroll stops at the layout's edge.
-    for (int i = 0; i < 40; ++i)
-        QTest::keyClick(plan, Qt::Key_Left);
-    QVERIFY(Near(view.Left(), view.PosX()));
-}
-
-// The middle button drags with the pointer tool too, and so does the left one while Space is
-// held; letting Space go ends that.
-void PlanWindowTest::middleButtonAndSpaceDragWithAnyTool() {
-    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
-    QVERIFY(window);
-    SelectZoom(window, 2);
-    QVERIFY(!Settled(window).isNull());
-    const CPlanView& view = window->View();
-    CPlanWidget* plan = window->Plan();
-    QCOMPARE(plan->CurrentTool(), CPlanWidget::Tool::Pointer);
-    auto drag = [&](Qt::MouseButton button, QPoint from, QPoint to) {
-        SendMouse(plan, QEvent::MouseButtonPress, from, button);
-        SendMouse(plan, QEvent::MouseMove, to, button);
-        SendMouse(plan, QEvent::MouseButtonRelease, to, button);
-    };
-    double left = view.Left();
-    drag(Qt::MiddleButton, {100, 100}, {140, 100});
-    QVERIFY(std::fabs(view.Left() - (left - 40 * view.PixelSize())) < 1);
-    left = view.Left();
-    plan->setFocus();
-    QTest::keyPress(plan, Qt::Key_Space);
-    QCOMPARE(plan->cursor().shape(), Qt::OpenHandCursor);
-    drag(Qt::LeftButton, {100, 100}, {70, 100});
-    QVERIFY(std::fabs(view.Left() - (left + 30 * view.PixelSize())) < 1);
-    QTest::keyRelease(plan, Qt::Key_Space);
-    QCOMPARE(plan->cursor().shape(), Qt::ArrowCursor);
-    left = view.Left();
-    drag(Qt::LeftButton, {100, 100}, {70, 100});
-    QCOMPARE(view.Left(), left);
-}
-
-void PlanWindowTest::moverToolDragsThePlan() {
-    FAnlage* window = Open(test::PlanLayout(test::TerrainText(2000, 2000)));
-    QVERIFY(window);
-    SelectZoom(window, 2);
-    QVERIFY(!Settled(window).isNull());
-    const CPlanView& view = window->View();
-    CPlanWidget* plan = window->Plan();
-    const double left = view.Left(), top = view.Top();
-    // The pointer tool does not drag.
-    SendMouse(plan, QEvent::MouseButtonPress, {100, 100}, Qt::LeftButton);
-    SendMouse(plan, QEvent::MouseMove, {160, 70}, Qt::LeftButton);
-    SendMouse(plan, QEvent::MouseButtonRelease, {160, 70}, Qt::LeftButton);
-    QCOMPARE(view.Left(), left);
-    window->Commands().Button("MouseMover")->trigger();
-    SendMouse(plan, QEvent::MouseButtonPress, {100, 100}, Qt::LeftButton);
-    SendMouse(plan, QEvent::MouseMove, {160, 70}, Qt::LeftButton);
-    QCOMPARE(view.Left(), left); // the picture moves, the plan is drawn when the button is let go
-    SendMouse(plan, QEvent::MouseButtonRelease, {160, 70}, Qt::LeftButton);
-    QVERIFY(std::fabs(view.Left() - (left - 60 * view.PixelSize())) < 1);
-    QVERIFY(std::fabs(view.Top() - (top - 30 * view.PixelSize())) < 1);
-    QCOMPARE(window->findChild<QScrollBar*>("scrHor")->value(), int(std::lround(view.ScrollValueX())));
 }
 
 void PlanWindowTest::resizesAreDrawnOnceTheTimerFires() {
