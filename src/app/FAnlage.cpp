@@ -371,6 +371,8 @@ void FAnlage::InitPlan() {
     commands_->ShowSignals(picPlan_->Painter().WithSignals);
     commands_->ShowHeightFilterActive(anlage_->HoehenFilter().Active());
     ZoomToContent();
+    // The keys move the plan from the start.
+    picPlan_->setFocus();
 }
 
 void FAnlage::CheckTerrainBitmaps() {

@@ -34,9 +34,10 @@ double CTrackBand::WidthOf(int style, std::string_view modelName) {
         Contains(name, "zaun"))
         return 0;
     if (style == 3) {
-        if (Contains(name, "2spur") || Contains(name, "twoway") || Contains(name, "stadtstr"))
+        if (Contains(name, "2spur") || Contains(name, "zweispur") || Contains(name, "twoway") ||
+            Contains(name, "stadtstr"))
             return 2 * kLane;
-        if (Contains(name, "1spur") || Contains(name, "oneway"))
+        if (Contains(name, "1spur") || Contains(name, "einspur") || Contains(name, "oneway"))
             return kLane;
     }
     return kDefaultWidth[static_cast<size_t>(style - 1)];

@@ -68,6 +68,7 @@ TEST_F(PlanLook, TracksBecomeBandsOnceTheirWidthShows) {
         {1, "Gleise_Beton", 10, 14},
         {3, "1Spur_re_oMl_AS3", 75, 350 / 75.0},
         {3, "Road_AsphaltTwoWay", 10, 70},
+        {3, "Landstrasse_zweispurig_KV1", 10, 70},
         {3, "1Spur_unsichtbar_AS3", 10, 1}, // invisible guide roads stay hairlines
         {4, "Wasserweg", 75, 500 / 75.0},
         {2, "Strassenbahn", 10, 14},
