@@ -21,6 +21,7 @@
 #include "app/CAppIcon.h"
 #include "app/COptions.h"
 #include "app/CPlanCommands.h"
+#include "app/CPlanNavigator.h"
 #include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
 #include "app/FHeightFilter.h"
@@ -42,11 +43,6 @@
 
 namespace kavrin {
 
-namespace {
-// Milliseconds between the last resize and the drawing.
-constexpr int kPaintDelay = 120;
-} // namespace
-
 FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
     : QWidget(parent), main_(main), ui_(ui), anlage_(std::make_unique<CAnlage>()) {
     setObjectName(QStringLiteral("FAnlage"));
@@ -54,7 +50,6 @@ FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
     setMinimumSize(320, 200);
 
     commands_ = new CPlanCommands(this);
-    cbZoom_ = commands_->ZoomBox();
     CreatePlan();
 
     auto* layout = new QVBoxLayout(this);
@@ -82,12 +77,7 @@ void FAnlage::CreatePlan() {
     scrHor_->setObjectName(QStringLiteral("scrHor"));
     scrVert_ = new QScrollBar(Qt::Vertical, this);
     scrVert_->setObjectName(QStringLiteral("scrVert"));
-    // Several resizes in a row give one drawing.
-    paintTimer_ = new QTimer(this);
-    paintTimer_->setObjectName(QStringLiteral("PaintTimer"));
-    paintTimer_->setInterval(kPaintDelay);
-    paintTimer_->setSingleShot(true);
-    UpdateScrollBars();
+    navigator_ = new CPlanNavigator(*anlage_, view_, *picPlan_, *commands_, *scrHor_, *scrVert_, this);
 }
 
 QWidget* FAnlage::CreateStatusStrip() {
@@ -140,31 +130,9 @@ void FAnlage::ConnectCommands() {
     onTrigger(commands.Button("MousePointer"), [this] { picPlan_->SetTool(CPlanWidget::Tool::Pointer); });
     onTrigger(commands.Button("MouseMover"), [this] { picPlan_->SetTool(CPlanWidget::Tool::Mover); });
 
-    connect(cbZoom_, &QComboBox::currentIndexChanged, this, &FAnlage::ZoomSelected);
-    // After a choice in the zoom box the keys belong to the plan again.
-    connect(cbZoom_, &QComboBox::activated, picPlan_, [this] { picPlan_->setFocus(); });
-    connect(cbZoom_->lineEdit(), &QLineEdit::returnPressed, this, &FAnlage::ZoomTyped);
-    connect(scrHor_, &QScrollBar::valueChanged, this, [this](int value) {
-        fitContent_ = false;
-        view_.SetScrollValueX(value);
-        picPlan_->Invalidate();
-    });
-    connect(scrVert_, &QScrollBar::valueChanged, this, [this](int value) {
-        fitContent_ = false;
-        view_.SetScrollValueY(value);
-        picPlan_->Invalidate();
-    });
-    connect(picPlan_, &CPlanWidget::Resized, paintTimer_, qOverload<>(&QTimer::start));
-    connect(paintTimer_, &QTimer::timeout, this, &FAnlage::RescalePlan);
     connect(picPlan_, &CPlanWidget::MouseAt, this,
             [this](double x, double y) { lblCoord_->setText(CoordinateText(x, y)); });
     connect(picPlan_, &CPlanWidget::MouseLeft, lblCoord_, &QLabel::clear);
-    connect(picPlan_, &CPlanWidget::Dragged, this,
-            [this](QPoint distance) { ScrollPlan(-QPointF(distance)); });
-    connect(picPlan_, &CPlanWidget::ScrollBy, this, &FAnlage::ScrollPlan);
-    connect(picPlan_, &CPlanWidget::ZoomBy, this, &FAnlage::ZoomAtMouse);
-    connect(picPlan_, &CPlanWidget::ZoomStep, this,
-            [this](int direction) { direction > 0 ? ZoomIn() : ZoomOut(); });
     connect(picPlan_, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { commands_->Popup()->popup(picPlan_->mapToGlobal(at)); });
 }
@@ -355,7 +323,7 @@ void FAnlage::closeEvent(QCloseEvent* event) {
     // Releasing a large tree takes a moment; the window says what it is doing.
     lblStatus_->setText(ToQt(FormatMessage("wird abgebaut ...")));
     lblStatus_->repaint();
-    paintTimer_->stop();
+    navigator_->CancelRescale();
     anlage_->Clear();
     main_.RemoveAnlage(this);
     event->accept();
@@ -365,7 +333,7 @@ void FAnlage::closeEvent(QCloseEvent* event) {
 // brought in line, and the first drawing, fitted to the layout's content.
 void FAnlage::InitPlan() {
     CPlanPainter::InitView(view_, *anlage_);
-    FillZoomBox();
+    navigator_->FillZoomBox();
     ShowHeightFilterStatus();
     commands_->ShowNames(picPlan_->Painter().WithNames);
     commands_->ShowSignals(picPlan_->Painter().WithSignals);
@@ -387,139 +355,20 @@ void FAnlage::CheckTerrainBitmaps() {
     lblBitmap_->setToolTip(ToQt(bitmaps_.Notice(CTerrainBitmaps::FileF)));
 }
 
-void FAnlage::FillZoomBox() {
-    {
-        QSignalBlocker quiet(cbZoom_);
-        cbZoom_->clear();
-        for (float step : view_.ZoomSteps())
-            cbZoom_->addItem(ToQt(CPlanView::ZoomText(step)));
-    }
-    ShowZoom();
-}
-
-void FAnlage::ShowZoom() {
-    QSignalBlocker quiet(cbZoom_);
-    cbZoom_->setCurrentIndex(view_.ZoomIndex());
-    if (view_.ZoomIndex() < 0 && view_.Zoom() > 0)
-        cbZoom_->setEditText(ToQt(ZoomFactorText(view_.Zoom())));
-    UpdateZoomCommands();
-}
-
-void FAnlage::ZoomSelected(int index) {
-    if (index < 0 || index == view_.ZoomIndex())
-        return;
-    fitContent_ = false;
-    view_.SelectZoom(index);
-    ShowZoom();
-    RescalePlan();
-}
-
-// A factor typed into the zoom box applies about the middle of the picture; anything that is
-// no factor gives way to the current one, and so does the text the box shows for it (which
-// may be rounded).
-void FAnlage::ZoomTyped() {
-    const std::string typed = FromQt(cbZoom_->currentText());
-    float factor = 0;
-    if (view_.Scaled() && typed != ZoomFactorText(view_.Zoom()) && ReadZoomFactor(typed, factor)) {
-        fitContent_ = false;
-        view_.ZoomAt(factor, view_.ClientWidth() / 2.0, view_.ClientHeight() / 2.0);
-    }
-    ShowZoom();
-    RescalePlan();
-    picPlan_->setFocus();
-}
-
 void FAnlage::ZoomIn() {
-    if (view_.CanZoomIn())
-        cbZoom_->setCurrentIndex(view_.StepAbove());
+    navigator_->ZoomIn();
 }
 
 void FAnlage::ZoomOut() {
-    if (view_.CanZoomOut())
-        cbZoom_->setCurrentIndex(view_.StepBelow());
+    navigator_->ZoomOut();
 }
 
 void FAnlage::World() {
-    if (cbZoom_->count() == 0)
-        return;
-    fitContent_ = false;
-    view_.World();
-    ShowZoom();
-    RescalePlan();
+    navigator_->World();
 }
 
 void FAnlage::ZoomToContent() {
-    if (view_.Zoom() <= 0)
-        return;
-    content_ = CContentBox::Of(*anlage_, view_.LayoutRect());
-    fitContent_ = true;
-    RescalePlan();
-}
-
-// The wheel and a pinch zoom about the point under the mouse: that point stays where it is, as
-// far as the view can stay on the layout.
-void FAnlage::ZoomAtMouse(double multiplier, QPointF position) {
-    if (!view_.Scaled())
-        return;
-    fitContent_ = false;
-    if (!view_.ZoomAt(static_cast<float>(view_.Zoom() * multiplier), position.x(), position.y()))
-        return;
-    ShowZoom();
-    RescalePlan();
-}
-
-void FAnlage::ScrollPlan(QPointF pixels) {
-    if (!view_.Scaled())
-        return;
-    fitContent_ = false;
-    view_.ScrollBy(pixels.x(), pixels.y());
-    UpdateScrollBars();
-    picPlan_->Invalidate();
-}
-
-bool FAnlage::FitView() {
-    if (content_)
-        return view_.FitTo(*content_);
-    view_.World();
-    return view_.ScalePlan();
-}
-
-void FAnlage::RescalePlan() {
-    paintTimer_->stop();
-    view_.SetClientSize(picPlan_->width(), picPlan_->height());
-    if (fitContent_ && FitView())
-        ShowZoom();
-    else
-        view_.ScalePlan();
-    UpdateScrollBars();
-    picPlan_->Invalidate();
-}
-
-namespace {
-int ScrollUnits(double world) {
-    return static_cast<int>(std::clamp(std::round(world), 0.0, 1e9));
-}
-
-// Scroll bars count world units: the range is what the layout has beyond the view, a page is
-// the visible size, a step a tenth of it.
-void SetScrollBar(QScrollBar* bar, bool scaled, double range, double visible, double value) {
-    QSignalBlocker quiet(bar);
-    const int maximum = scaled ? ScrollUnits(range) : 0;
-    bar->setRange(0, maximum);
-    bar->setPageStep(std::max(1, ScrollUnits(visible)));
-    bar->setSingleStep(std::max(1, ScrollUnits(visible / 10)));
-    bar->setValue(scaled ? ScrollUnits(value) : 0);
-    bar->setEnabled(maximum > 0);
-}
-} // namespace
-
-void FAnlage::UpdateScrollBars() {
-    SetScrollBar(scrHor_, view_.Scaled(), view_.ScrollRangeX(), view_.Width(), view_.ScrollValueX());
-    SetScrollBar(scrVert_, view_.Scaled(), view_.ScrollRangeY(), -view_.Height(), view_.ScrollValueY());
-}
-
-void FAnlage::UpdateZoomCommands() {
-    commands_->EnableZoom(view_.CanZoomIn(), view_.CanZoomOut(), view_.Zoom() > 0);
+    navigator_->ZoomToContent();
 }
 
 void FAnlage::SetWithNames(bool on) {
@@ -606,22 +455,7 @@ void FAnlage::JumpTo(const CObjectSearch::Hit& hit) {
 }
 
 void FAnlage::ShowPlace(double x, double y) {
-    if (!view_.Scaled() || !std::isfinite(x) || !std::isfinite(y))
-        return;
-    const std::vector<float>& steps = view_.ZoomSteps();
-    const double wanted = std::max(view_.ExtX(), view_.ExtY()) / 8000.0;
-    int index = static_cast<int>(steps.size()) - 1;
-    for (int i = 0; i < static_cast<int>(steps.size()); ++i)
-        if (steps[static_cast<size_t>(i)] >= wanted) {
-            index = i;
-            break;
-        }
-    fitContent_ = false;
-    view_.SelectZoom(index);
-    view_.SetCentre(x, y);
-    view_.KeepOnLayout();
-    ShowZoom();
-    RescalePlan();
+    navigator_->ShowPlace(x, y);
 }
 
 void FAnlage::ShowHeightFilterStatus() {

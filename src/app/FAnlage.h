@@ -2,7 +2,6 @@
 
 #include <QWidget>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,17 +9,16 @@
 #include "plan/CPlanView.h"
 #include "plan/CTerrainBitmaps.h"
 
-class QComboBox;
 class QLabel;
 class QMenu;
 class QMdiSubWindow;
 class QScrollBar;
-class QTimer;
 
 namespace kavrin {
 
 class CAnlage;
 class CPlanCommands;
+class CPlanNavigator;
 class CPlanWidget;
 class CQtUserInterface;
 class FMain;
@@ -110,19 +108,6 @@ private:
 
     void InitPlan();
     void CheckTerrainBitmaps();
-    void FillZoomBox();
-    // Brings cbZoom in line with the factor: its entry, or the factor as text between steps.
-    void ShowZoom();
-    void ZoomSelected(int index);
-    void ZoomTyped();
-    void ZoomAtMouse(double multiplier, QPointF position);
-    void ScrollPlan(QPointF pixels);
-    // Fits the view to the content found last, or to the whole layout when there is none.
-    bool FitView();
-    // Fits the plan to picPlan's size, updates the scroll bars and draws anew.
-    void RescalePlan();
-    void UpdateScrollBars();
-    void UpdateZoomCommands();
     // Centres the plan on a world point at a zoom step that shows about 80 m around it.
     void ShowPlace(double x, double y);
     void ShowHeightFilterStatus();
@@ -134,21 +119,17 @@ private:
     CTerrainBitmaps bitmaps_;
     CPlanCommands* commands_ = nullptr;
     CPlanWidget* picPlan_ = nullptr;
-    QComboBox* cbZoom_ = nullptr;
+    CPlanNavigator* navigator_ = nullptr;
     QScrollBar* scrHor_ = nullptr;
     QScrollBar* scrVert_ = nullptr;
     QLabel* lblVersion_ = nullptr;
     QLabel* lblCoord_ = nullptr;
     QLabel* lblStatus_ = nullptr;
     QLabel* lblBitmap_ = nullptr;
-    QTimer* paintTimer_ = nullptr;
     QMenu* mnuFile_ = nullptr;
     QMenu* mnuEdit_ = nullptr;
     FSearch* search_ = nullptr;
     bool loading_ = false;
-    // The view follows the content (opening, "Auf Inhalt zoomen") until the user changes it.
-    bool fitContent_ = false;
-    std::optional<CRect> content_;
 };
 
 } // namespace kavrin

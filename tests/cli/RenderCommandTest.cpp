@@ -189,6 +189,13 @@ TEST(RenderCommand, TheProgramWritesSvgForSvgNames) {
     EXPECT_STREQ(root.attribute("height").value(), "480");
     EXPECT_TRUE(root.child("path"));
     EXPECT_TRUE(root.child("image")); // the terrain's colour map
+    EXPECT_TRUE(root.child("polygon")) << "the buildings as turned squares";
+    pugi::xml_node label = root.find_child([](pugi::xml_node node) {
+        return std::string(node.name()) == "text" && node.attribute("paint-order");
+    });
+    ASSERT_TRUE(label) << "names with their halo";
+    EXPECT_STREQ(label.attribute("paint-order").value(), "stroke");
+    EXPECT_TRUE(label.attribute("stroke"));
     // Where python is at hand, its strict parser must agree.
     if (std::system("python3 -c '' > /dev/null 2>&1") == 0) {
         std::string strict =
