@@ -149,6 +149,8 @@ void CQtCanvas::ClippedLine(QPointF a, QPointF b) {
 void CQtCanvas::Polyline(const double* xs, const double* ys, int n) {
     if (n < 2)
         return;
+    if (n > 2 && !Direct() && WidePolyline(xs, ys, n))
+        return;
     QPointF previous = ToPixel(xs[0], ys[0]);
     for (int i = 1; i < n; ++i) {
         QPointF next = ToPixel(xs[i], ys[i]);
@@ -168,6 +170,22 @@ bool CQtCanvas::FirstMark(QPointF centre, double sizePx, uint32_t kind) {
         return true;
     const double cell = sizePx >= kCoarseMark ? 2 : 1;
     return stamps_.FirstMark(centre.x() / cell, centre.y() / cell, kind);
+}
+
+// A wide line of many points (a curved track's band) is stroked as one path with round joins:
+// far cheaper than stroking each chord with its own round ends. Not for lines reaching far
+// beyond the picture, which go by their clipped chords.
+bool CQtCanvas::WidePolyline(const double* xs, const double* ys, int n) {
+    QPolygonF points;
+    points.reserve(n);
+    for (int i = 0; i < n; ++i) {
+        points.append(ToPixel(xs[i], ys[i]));
+        if (!Tame(points.back()))
+            return false;
+    }
+    Flush();
+    painter_.drawPolyline(points);
+    return true;
 }
 
 void CQtCanvas::Circle(double x, double y, double radiusPx, bool filled) {

@@ -57,6 +57,7 @@ private:
     // Whether a pixel point is near enough to the picture to be handed to the painter as is.
     bool Tame(const QPointF& p) const;
     void ClippedLine(QPointF a, QPointF b);
+    bool WidePolyline(const double* xs, const double* ys, int n);
     void SetFill(bool filled);
     void FillOnly();
     // Text drawing changes the painter's pen; this puts the canvas's pen back.

@@ -167,6 +167,37 @@ private slots:
         QVERIFY(std::fabs(Ink(square) - 1600) < 0.04 * 1600);
     }
 
+    // A wide pen draws a band with round ends: its ink is its area, whatever its direction, and
+    // nothing beyond its half width.
+    void widePensDrawBandsWithRoundEnds() {
+        const double area = 60 * 10 + 3.14159 * 25;
+        struct Case {
+            double x0, y0, x1, y1;
+        };
+        for (const Case& c : {Case{200, 500, 800, 500}, Case{500, 200, 500, 800}, Case{288, 288, 712, 712}}) {
+            QImage image = Drawn(
+                true,
+                [&](Canvas& canvas) {
+                    canvas.SetPen(0x0000FF, 10);
+                    canvas.Line(c.x0, c.y0, c.x1, c.y1);
+                },
+                true);
+            QVERIFY2(std::fabs(Ink(image) - area) < 0.03 * area, qPrintable(QString::number(Ink(image))));
+            QCOMPARE(image.pixel(50, 50), qRgb(255, 0, 0));
+        }
+        QImage across = Drawn(
+            true,
+            [](Canvas& canvas) {
+                canvas.SetPen(0x0000FF, 10);
+                canvas.Line(200, 500, 800, 500);
+            },
+            true);
+        QCOMPARE(across.pixel(50, 43), kWhite);
+        QCOMPARE(across.pixel(50, 56), kWhite);
+        QCOMPARE(across.pixel(14, 50), kWhite); // the round end reaches 5 pixels, no more
+        QVERIFY(Ink(across.pixel(16, 50)) > 0.4);
+    }
+
     void backgroundImageIsStretchedOntoItsRectangle() {
         CPlanImage picture(2, 1);
         picture.Row(0)[0] = 0xFF00FF00u;
