@@ -96,7 +96,9 @@ void DesktopTest::newLayoutComesToTheFrontAndNamesTheMainWindow() {
     QVERIFY(first && second);
     QCOMPARE(main->ActiveAnlage(), second);
     QCOMPARE(main->ShownTitle(), QString("Kavrin - Lua-Testbeispiel.anl3"));
-    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget*>(second->Plan()));
+    // The plan has the keys in the main window; the parse log may stand in front of it with the
+    // hints of the load (the samples lack their terrain bitmaps).
+    QTRY_COMPARE(main->focusWidget(), static_cast<QWidget*>(second->Plan()));
     // Closing it hands the front to the other one.
     QVERIFY(second->SubWindow()->close());
     QTRY_COMPARE(main->ActiveAnlage(), first);
