@@ -423,23 +423,63 @@ void SetCoordinates(INode& element, const char* const names[3], const CVector& v
 } // namespace
 
 // The first Position and the three Vectors after it carry the frame's numbers, as they were read.
-void CNodeGleis::UpdateKeptFrame() {
+std::vector<INode*> CNodeGleis::KeptFrameElements() const {
+    std::vector<INode*> elements;
     if (!keptFrame_)
-        return;
+        return elements;
+    for (const auto& child : keptFrame_->SubNodes()) {
+        const std::string& name = child->Name();
+        if (elements.empty() ? name == "Position" : name == "Vector")
+            elements.push_back(child.get());
+        if (elements.size() == 4)
+            break;
+    }
+    return elements;
+}
+
+void CNodeGleis::UpdateKeptFrame() {
     static const char* const position[] = {"x", "y", "z"};
     static const char* const vector[] = {"dx", "dy", "dz"};
     const CTrackCurve::Frame& frame = curve_->GetFrame();
-    int index = 0;
-    for (const auto& child : keptFrame_->SubNodes()) {
-        const std::string& name = child->Name();
-        if (index == 0 && name == "Position")
-            SetCoordinates(*child, position, frame.position);
-        else if (index > 0 && index < 4 && name == "Vector")
-            SetCoordinates(*child, vector, frame.axes[static_cast<size_t>(index - 1)]);
-        else
-            continue;
-        ++index;
+    std::vector<INode*> elements = KeptFrameElements();
+    for (size_t i = 0; i < elements.size(); ++i)
+        SetCoordinates(*elements[i], i == 0 ? position : vector, i == 0 ? frame.position : frame.axes[i - 1]);
+}
+
+CPlacement CNodeGleis::Placement(bool turning) const {
+    if (!curve_)
+        return frame_.Placement(turning);
+    const CTrackCurve::Frame& frame = curve_->GetFrame();
+    CPlacement placement;
+    placement.pos = frame.position;
+    if (turning)
+        placement.axes = std::make_unique<std::array<CVector, 3>>(frame.axes);
+    if (!curve_->FrameText().empty() || keptFrame_) {
+        placement.kept = std::make_unique<CPlacement::KeptText>();
+        placement.kept->frame = curve_->FrameText();
+        for (const INode* element : KeptFrameElements())
+            placement.kept->attributes.push_back(element->Attributes());
     }
+    return placement;
+}
+
+void CNodeGleis::SetPlacement(const CPlacement& placement) {
+    if (!curve_) {
+        frame_.SetPlacement(placement);
+        ForgetGeometry();
+        return;
+    }
+    CTrackCurve::Frame frame = curve_->GetFrame();
+    frame.position = placement.pos;
+    if (placement.axes)
+        frame.axes = *placement.axes;
+    curve_->SetFrame(frame, placement.kept ? placement.kept->frame : std::string());
+    if (placement.kept) {
+        std::vector<INode*> elements = KeptFrameElements();
+        for (size_t i = 0; i < elements.size() && i < placement.kept->attributes.size(); ++i)
+            elements[i]->Attributes() = placement.kept->attributes[i];
+    }
+    ForgetGeometry();
 }
 
 void CNodeGleis::ForgetGeometry() {

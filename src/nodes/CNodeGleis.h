@@ -13,6 +13,7 @@
 #include "nodes/C3Bein.h"
 #include "nodes/CObjectFrame.h"
 #include "nodes/CTrackCurve.h"
+#include "nodes/IPlaced.h"
 #include "plan/CPaintState.h"
 
 namespace kavrin {
@@ -28,7 +29,7 @@ enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzwe
 // connections at its (up to four) ends. Classic tracks carry Dreibein, Anfangsfuehrungsverdrehung
 // and Charakteristik; tracks of the newer format carry Frame, Interval, Curve and Twist instead
 // (CTrackCurve). Children are written back in the order read.
-class CNodeGleis final : public CPaintState, public CNodeBase, public ICopy {
+class CNodeGleis final : public CPaintState, public CNodeBase, public ICopy, public IPlaced {
 public:
     CNodeGleis();
     ~CNodeGleis() override;
@@ -101,8 +102,20 @@ public:
     bool Paint(CPaintTarget& target) override;
     // Both ends inside the rectangle.
     bool inRect(const CRect& world) const override;
-    void Move(double dx, double dy) override { MovePos(dx, dy); }
+    void Move(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void Rotate(double angle, double cx, double cy) override;
+    Kind PaintKind() const override { return Kind::Gleis; }
+
+    // The frame the track is drawn and saved with: the Dreibein, or the newer format's Frame
+    // (with the text kept for it).
+    void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
+    void RotateFrame(double angle, double cx, double cy) override { Rotate(angle, cx, cy); }
+    CPlacement Placement(bool turning) const override;
+    void SetPlacement(const CPlacement& placement) override;
+
+    // Start point and length without building the whole geometry: the frame for classic
+    // tracks, a cached value for the newer format, whose geometry takes reading elements.
+    CVector Anchor(double& length) const;
     // Hides the signals and contacts of the track (WithSignals off).
     void HideTrackMarks();
 
@@ -124,9 +137,8 @@ private:
     const std::vector<CVector>& CachedPolyline(const CPaintTarget& target);
     void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);
     void PaintName(CPaintTarget& target, const CTrackGeometry& geometry) const;
-    // Start point and length without building the whole geometry: the frame for classic
-    // tracks, a cached value for the newer format, whose geometry takes reading elements.
-    CVector Anchor(double& length) const;
+    // The Position and the three Vectors of a frame kept as a node, as far as it has them.
+    std::vector<INode*> KeptFrameElements() const;
     void WriteCharakteristik(CXmlWriter& writer) const;
     void WriteAnfFuehrVerdrehung(CXmlWriter& writer) const;
     int16_t CheckedEnd(int16_t end) const;

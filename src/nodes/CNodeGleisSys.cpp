@@ -166,6 +166,14 @@ void CNodeGleisSys::RestoreConnections(const RemovedConnections& removed) {
     RelinkEnds(removed.records);
 }
 
+// The records are handed to the test in place and in order, so a record's place is its index.
+CNodeGleisSys::RemovedConnections CNodeGleisSys::RemoveConnectionsAt(const std::vector<size_t>& indices) {
+    const CGleisVerbindung* first = verbindungen_.data();
+    return RemoveConnectionsIf([first, &indices](const CGleisVerbindung& record) {
+        return std::binary_search(indices.begin(), indices.end(), static_cast<size_t>(&record - first));
+    });
+}
+
 CNodeGleisSys::RemovedConnections
 CNodeGleisSys::CutConnections(const std::function<bool(const CNodeGleis&)>& state) {
     return RemoveConnectionsIf([this, &state](const CGleisVerbindung& record) {

@@ -49,6 +49,8 @@ public:
     // Takes out every record for which `remove` is true.
     RemovedConnections RemoveConnectionsIf(const std::function<bool(const CGleisVerbindung&)>& remove);
     void RestoreConnections(const RemovedConnections& removed);
+    // Takes out the records at these places (ascending), as a cut that was undone is done again.
+    RemovedConnections RemoveConnectionsAt(const std::vector<size_t>& indices);
     // Takes out the records that join a track for which `state` holds to one for which it does not.
     RemovedConnections CutConnections(const std::function<bool(const CNodeGleis&)>& state);
     // The same for the records of one track only.

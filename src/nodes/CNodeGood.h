@@ -5,12 +5,13 @@
 
 #include "document/CNodeBase.h"
 #include "nodes/CObjectFrame.h"
+#include "nodes/IPlaced.h"
 #include "plan/CPaintState.h"
 
 namespace kavrin {
 
 // "Good": one goods item, its model file and its placement frame.
-class CNodeGood final : public CNodeBase, public CPaintState {
+class CNodeGood final : public CNodeBase, public CPaintState, public IPlaced {
 public:
     const char* ClassName() const override { return "CNodeGood"; }
     std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
@@ -23,17 +24,26 @@ public:
     C3Bein& DreiBein() { return frame_.DreiBein(); }
     const C3Bein& DreiBein() const { return frame_.DreiBein(); }
     bool HasFrame() const { return frame_.Present(); }
-    void MovePos(double dx, double dy) {
-        frame_.MovePos(dx, dy);
+    void MovePos(double dx, double dy, double dz = 0) {
+        frame_.MovePos(dx, dy, dz);
         ForgetAnchor();
     }
 
     // On the plan: a small circle at its position, its model's name with WithNames.
     bool Paint(CPaintTarget& target) override;
     bool inRect(const CRect& world) const override;
-    void Move(double dx, double dy) override { MovePos(dx, dy); }
+    void Move(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void Rotate(double angle, double cx, double cy) override {
-        DreiBein().Rotate(angle, cx, cy);
+        frame_.Rotate(angle, cx, cy);
+        ForgetAnchor();
+    }
+    Kind PaintKind() const override { return Kind::Good; }
+
+    void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
+    void RotateFrame(double angle, double cx, double cy) override { Rotate(angle, cx, cy); }
+    CPlacement Placement(bool turning) const override { return frame_.Placement(turning); }
+    void SetPlacement(const CPlacement& placement) override {
+        frame_.SetPlacement(placement);
         ForgetAnchor();
     }
 

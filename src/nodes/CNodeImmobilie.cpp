@@ -1,8 +1,13 @@
 #include "nodes/CNodeImmobilie.h"
 
+#include <algorithm>
+
 #include "core/CStringPack.h"
 #include "nodes/CNodeBewegTeil.h"
+#include "nodes/CNodeGleis.h"
 #include "nodes/CNodeImmoSammlung.h"
+#include "nodes/CNodeKollektor.h"
+#include "nodes/LayoutLookup.h"
 #include "nodes/modNodes.h"
 
 namespace kavrin {
@@ -73,6 +78,7 @@ void CNodeImmobilie::Clear() {
     for (const auto& part : bewegTeile_)
         part->Clear();
     bewegTeile_.RemoveAll();
+    kollektors_.reset();
     CNodeBase::Clear();
 }
 
@@ -86,6 +92,7 @@ void CNodeImmobilie::Copy(const INode& source) {
     if (!building)
         return;
     frame_.CopyFrom(building->frame_, this);
+    kollektors_.reset();
     gsbNameId_ = building->gsbNameId_;
     kollektorId_ = building->kollektorId_;
     immoIdx_ = building->immoIdx_;
@@ -117,6 +124,72 @@ bool CNodeImmobilie::Paint(CPaintTarget& target) {
 
 bool CNodeImmobilie::inRect(const CRect& world) const {
     return world.Contains(DreiBein().Pos().X, DreiBein().Pos().Y);
+}
+
+CNodeKollektor* CNodeImmobilie::FirstKollektor() const {
+    return Anlage() ? FindKollektor(*Anlage(), kollektorId_) : nullptr;
+}
+
+void CNodeImmobilie::AddBewegKollektors(std::vector<CNodeKollektor*>& list) const {
+    if (!Anlage())
+        return;
+    for (const auto& part : bewegTeile_) {
+        const auto* bewegTeil = dynamic_cast<const CNodeBewegTeil*>(part.get());
+        CNodeKollektor* kollektor = bewegTeil ? FindKollektor(*Anlage(), bewegTeil->KollektorId()) : nullptr;
+        if (kollektor && std::find(list.begin(), list.end(), kollektor) == list.end())
+            list.push_back(kollektor);
+    }
+}
+
+const std::vector<CNodeKollektor*>& CNodeImmobilie::GetAllKollektors() {
+    if (!kollektors_) {
+        kollektors_ = std::make_unique<std::vector<CNodeKollektor*>>();
+        if (CNodeKollektor* own = FirstKollektor())
+            kollektors_->push_back(own);
+        AddBewegKollektors(*kollektors_);
+    }
+    return *kollektors_;
+}
+
+bool CNodeImmobilie::hasBewegtesGleis() const {
+    std::vector<CNodeKollektor*> kollektors;
+    AddBewegKollektors(kollektors);
+    return std::any_of(kollektors.begin(), kollektors.end(),
+                       [](const CNodeKollektor* kollektor) { return !kollektor->Gleise().empty(); });
+}
+
+void CNodeImmobilie::Companions(std::vector<IPlaced*>& list) const {
+    if (bewegTeile_.Count() == 0 || !Anlage())
+        return;
+    std::vector<CNodeKollektor*> kollektors;
+    AddBewegKollektors(kollektors);
+    for (CNodeKollektor* kollektor : kollektors) {
+        list.push_back(kollektor);
+        for (const CKollektorGleis& entry : kollektor->Gleise())
+            if (CNodeGleis* track = FindGleis(*Anlage(), entry.GleissystemID, entry.GleisID);
+                track && std::find(list.begin(), list.end(), track) == list.end())
+                list.push_back(track);
+    }
+}
+
+// Tracks that are selected themselves are left to the selection, so that nothing moves twice.
+template <typename Transform> void CNodeImmobilie::MoveWithCompanions(Transform transform) {
+    transform(static_cast<IPlaced&>(*this));
+    std::vector<IPlaced*> companions;
+    Companions(companions);
+    for (IPlaced* companion : companions) {
+        const auto* track = dynamic_cast<const CNodeGleis*>(companion);
+        if (!track || !track->Selected())
+            transform(*companion);
+    }
+}
+
+void CNodeImmobilie::Move(double dx, double dy, double dz) {
+    MoveWithCompanions([=](IPlaced& placed) { placed.MoveFrame(dx, dy, dz); });
+}
+
+void CNodeImmobilie::Rotate(double angle, double cx, double cy) {
+    MoveWithCompanions([=](IPlaced& placed) { placed.RotateFrame(angle, cx, cy); });
 }
 
 } // namespace kavrin

@@ -1,22 +1,27 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "document/CArrayOfNodes.h"
 #include "document/CNodeBase.h"
 #include "document/CNodePool.h"
 #include "document/ICopy.h"
 #include "nodes/CObjectFrame.h"
+#include "nodes/IPlaced.h"
 #include "plan/CPaintState.h"
 
 namespace kavrin {
 
 class CNodeBewegTeil;
+class CNodeKollektor;
 
 // "Immobile" (spelled so in the file): one building or scenery object of a collection, with its
 // model file, its placement frame, the collector of its own tracks and its moving parts.
-class CNodeImmobilie final : public CPaintState, public CNodeBase, public ICopy {
+// Moving or turning it takes the collectors of its moving parts along, with their tracks.
+class CNodeImmobilie final : public CPaintState, public CNodeBase, public ICopy, public IPlaced {
 public:
     const char* ClassName() const override { return "CNodeImmobilie"; }
     KAVRIN_NODE_POOLED(CNodeImmobilie)
@@ -42,8 +47,8 @@ public:
     C3Bein& DreiBein() { return frame_.DreiBein(); }
     const C3Bein& DreiBein() const { return frame_.DreiBein(); }
     bool HasFrame() const { return frame_.Present(); }
-    void MovePos(double dx, double dy) {
-        frame_.MovePos(dx, dy);
+    void MovePos(double dx, double dy, double dz = 0) {
+        frame_.MovePos(dx, dy, dz);
         ForgetAnchor();
     }
 
@@ -54,11 +59,38 @@ public:
     // WithNames.
     bool Paint(CPaintTarget& target) override;
     bool inRect(const CRect& world) const override;
-    void Move(double dx, double dy) override { MovePos(dx, dy); }
-    void Rotate(double angle, double cx, double cy) override {
-        DreiBein().Rotate(angle, cx, cy);
+    // The frame, then the collectors of the moving parts and the tracks they list, except
+    // tracks that are selected (the selection moves those itself).
+    void Move(double dx, double dy, double dz) override;
+    void Rotate(double angle, double cx, double cy) override;
+    Kind PaintKind() const override { return Kind::Immobilie; }
+
+    // The object's own frame.
+    void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
+    void RotateFrame(double angle, double cx, double cy) override {
+        frame_.Rotate(angle, cx, cy);
         ForgetAnchor();
     }
+    CPlacement Placement(bool turning) const override { return frame_.Placement(turning); }
+    void SetPlacement(const CPlacement& placement) override {
+        frame_.SetPlacement(placement);
+        ForgetAnchor();
+    }
+
+    // Collectors, looked up in the layout by their ids. The list the object holds is filled by
+    // GetAllKollektors (its own collector first, then those of its moving parts) and emptied
+    // by ClearKollektors, which whoever removes or renumbers collectors calls first.
+    const std::vector<CNodeKollektor*>& GetAllKollektors();
+    void ClearKollektors() { kollektors_.reset(); }
+    // The collector of the object's own tracks ("kollektorID"), or none.
+    CNodeKollektor* FirstKollektor() const;
+    // Appends the collectors of the moving parts that the list does not hold yet.
+    void AddBewegKollektors(std::vector<CNodeKollektor*>& list) const;
+    // Whether a moving part carries tracks (its collector lists at least one).
+    bool hasBewegtesGleis() const;
+    // What moves along with the object: the collectors of its moving parts and the tracks they
+    // list (selected or not), each once.
+    void Companions(std::vector<IPlaced*>& list) const;
 
 protected:
     // Moving parts first, then the frame, then the kept children, unless the file had them
@@ -69,12 +101,14 @@ protected:
 
 private:
     void AddBewegTeil(std::unique_ptr<INode> part);
+    template <typename Transform> void MoveWithCompanions(Transform transform);
 
     int16_t gsbNameId_ = 0;
     int32_t kollektorId_ = 0;
     int32_t immoIdx_ = 0;
     CArrayOfNodes bewegTeile_;
     CObjectFrame frame_;
+    std::unique_ptr<std::vector<CNodeKollektor*>> kollektors_;
 };
 
 } // namespace kavrin

@@ -6,6 +6,7 @@
 
 #include "document/CNodeBase.h"
 #include "nodes/CObjectFrame.h"
+#include "nodes/IPlaced.h"
 
 namespace kavrin {
 
@@ -19,8 +20,9 @@ public:
     std::vector<std::pair<std::string, std::string>> AsRead;
 };
 
-// "Kollektor": a group of tracks that belongs to a track-accompanying object.
-class CNodeKollektor : public CNodeBase {
+// "Kollektor": a group of tracks that belongs to a track-accompanying object or to a moving part
+// of a building; it has a frame of its own, which moves and turns with that building.
+class CNodeKollektor : public CNodeBase, public IPlaced {
 public:
     const char* ClassName() const override { return "CNodeKollektor"; }
     std::string_view CheckAttribute(std::string_view name, std::string_view value) override;
@@ -32,6 +34,15 @@ public:
 
     int32_t ID() const { return id_; }
     C3Bein& DreiBein() { return frame_.DreiBein(); }
+    const C3Bein& DreiBein() const { return frame_.DreiBein(); }
+    // Its own frame only; the tracks it lists are moved by whoever moves it.
+    void Move(double dx, double dy, double dz) { frame_.MovePos(dx, dy, dz); }
+    void Rotate(double angle, double cx, double cy) { frame_.Rotate(angle, cx, cy); }
+
+    void MoveFrame(double dx, double dy, double dz) override { Move(dx, dy, dz); }
+    void RotateFrame(double angle, double cx, double cy) override { Rotate(angle, cx, cy); }
+    CPlacement Placement(bool turning) const override { return frame_.Placement(turning); }
+    void SetPlacement(const CPlacement& placement) override { frame_.SetPlacement(placement); }
     const std::vector<CKollektorGleis>& Gleise() const { return gleise_; }
 
 protected:

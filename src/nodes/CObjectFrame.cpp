@@ -88,4 +88,22 @@ void CObjectFrame::CopyFrom(const CObjectFrame& source, INode* owner) {
         kept_->SetAnlage(owner->Anlage());
 }
 
+CPlacement CObjectFrame::Placement(bool turning) const {
+    CPlacement placement;
+    placement.pos = frame_.Pos();
+    if (turning)
+        placement.axes = std::make_unique<std::array<CVector, 3>>(
+            std::array<CVector, 3>{frame_.Dir(), frame_.Nor(), frame_.Bin()});
+    return placement;
+}
+
+void CObjectFrame::SetPlacement(const CPlacement& placement) {
+    frame_.Pos() = placement.pos;
+    if (!placement.axes)
+        return;
+    frame_.Dir() = (*placement.axes)[0];
+    frame_.Nor() = (*placement.axes)[1];
+    frame_.Bin() = (*placement.axes)[2];
+}
+
 } // namespace kavrin

@@ -4,6 +4,7 @@
 
 #include "document/INode.h"
 #include "nodes/C3Bein.h"
+#include "nodes/CPlacement.h"
 
 namespace kavrin {
 
@@ -52,7 +53,11 @@ public:
     C3Bein& DreiBein() { return frame_; }
     const C3Bein& DreiBein() const { return frame_; }
     bool Present() const { return present_; }
-    void MovePos(double dx, double dy) { frame_.Move(dx, dy, 0); }
+    void MovePos(double dx, double dy, double dz = 0) { frame_.Move(dx, dy, dz); }
+    void Rotate(double angle, double cx, double cy) { frame_.Rotate(angle, cx, cy); }
+    // The frame's vectors (a kept element's vectors are the same objects, so they follow).
+    CPlacement Placement(bool turning) const;
+    void SetPlacement(const CPlacement& placement);
 
 private:
     static bool IsPlainElement(const XmlElement& element);

@@ -2,6 +2,7 @@
 
 #include "document/CAnlage.h"
 #include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeKollektor.h"
 #include "nodes/CNodeLandschaft.h"
 
 namespace kavrin {
@@ -29,6 +30,16 @@ CNodeGleisSys* FindGleisSys(const CAnlage& anlage, int16_t gleissystemId) {
 CNodeGleis* FindGleis(const CAnlage& anlage, int16_t gleissystemId, int32_t gleisId) {
     CNodeGleisSys* system = FindGleisSys(anlage, gleissystemId);
     return system ? system->FindGleis(gleisId) : nullptr;
+}
+
+CNodeKollektor* FindKollektor(const CAnlage& anlage, int32_t kollektorId) {
+    if (kollektorId <= 0 || !anlage.RootNode())
+        return nullptr;
+    for (const auto& chapter : anlage.RootNode()->SubNodes())
+        if (auto* kollektor = dynamic_cast<CNodeKollektor*>(chapter.get());
+            kollektor && kollektor->ID() == kollektorId)
+            return kollektor;
+    return nullptr;
 }
 
 const CNodeLandschaft* FindTerrain(const CAnlage& anlage) {

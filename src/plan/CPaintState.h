@@ -23,7 +23,7 @@ public:
     bool Selected() const final { return selected_; }
     void SetSelected(bool selected) final { selected_ = selected; }
     std::string Key() const override;
-    uint32_t KeyNumber() const { return key_; }
+    uint32_t KeyNumber() const final { return key_; }
     bool Active() const final { return active_; }
     void SetActive(bool active) final { active_ = active; }
     bool OnPlan() const final { return onPlan_; }

@@ -22,7 +22,7 @@ public:
     bool inRect(const CRect& world) const override;
     // Distance from the start of its track in cm.
     double DistanceAlongTrack() const { return TrackPosition(); }
-    void Move(double, double) override {}
+    void Move(double, double, double) override {}
     void Rotate(double, double, double) override {}
 
 protected:

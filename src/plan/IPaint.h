@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "nodes/CRect.h"
@@ -13,6 +14,9 @@ class CPaintTarget;
 // paint did with it.
 class IPaint {
 public:
+    // The kinds a selection counts; everything else on the plan is Other.
+    enum class Kind : uint8_t { Other, Gleis, Immobilie, Good };
+
     virtual ~IPaint() = default;
 
     // Draws the node if it passes the height filter and lies in the visible area; true when drawn.
@@ -21,12 +25,16 @@ public:
     virtual void SetSelected(bool selected) = 0;
     // Whether the node lies inside a world rectangle (rubber-band selection).
     virtual bool inRect(const CRect& world) const = 0;
-    virtual void Move(double dx, double dy) = 0;
+    // Shifts the node by world offsets (cm), with whatever moves along with it.
+    virtual void Move(double dx, double dy, double dz) = 0;
     // Turns the node by angle degrees about (cx, cy).
     virtual void Rotate(double angle, double cx, double cy) = 0;
     virtual bool isDeleteable() const = 0;
     // Unique within the layout: the hexadecimal text of a number that identifies the node.
     virtual std::string Key() const = 0;
+    // The number behind Key.
+    virtual uint32_t KeyNumber() const = 0;
+    virtual Kind PaintKind() const { return Kind::Other; }
     // Whether the node's kind is currently shown.
     virtual bool Active() const = 0;
     virtual void SetActive(bool active) = 0;
