@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "edit/CChange.h"
+
+namespace kavrin {
+
+// One edit as the user sees it ("Verschieben", "Drehen", "Auswahl lösen"): the changes it made,
+// undone from the last to the first and redone in their order.
+class CEditStep {
+public:
+    explicit CEditStep(std::string name) : name_(std::move(name)) {}
+
+    const std::string& Name() const { return name_; }
+    void Add(std::unique_ptr<CChange> change) { changes_.push_back(std::move(change)); }
+    bool Empty() const { return changes_.empty(); }
+
+    void Undo();
+    void Redo();
+
+private:
+    std::string name_;
+    std::vector<std::unique_ptr<CChange>> changes_;
+};
+
+} // namespace kavrin
