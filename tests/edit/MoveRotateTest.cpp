@@ -1,0 +1,262 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "EditLayouts.h"
+#include "edit/CEditHistory.h"
+#include "edit/CSelectionEdit.h"
+#include "nodes/CNodeGleis.h"
+#include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeGood.h"
+#include "nodes/CNodeImmobilie.h"
+#include "nodes/CNodeKollektor.h"
+#include "nodes/CTrackGeometry.h"
+#include "nodes/LayoutLookup.h"
+#include "plan/CPlanObjects.h"
+#include "plan/CSelection.h"
+#include "plan/CViewOptions.h"
+
+using namespace kavrin;
+
+namespace {
+
+class MoveRotate : public test::SceneryLayoutFixture {
+protected:
+    CNodeGleis& Track(int system, int id) { return *FindGleis(anlage, static_cast<int16_t>(system), id); }
+    void SelectAll() { CPlanObjects(anlage, options).SelectAll(selection, 2); }
+
+    CViewOptions options;
+    CSelection selection;
+};
+
+void ExpectNear(const CVector& actual, double x, double y, double z, double tolerance = 1e-6) {
+    EXPECT_NEAR(actual.X, x, tolerance);
+    EXPECT_NEAR(actual.Y, y, tolerance);
+    EXPECT_NEAR(actual.Z, z, tolerance);
+}
+
+// Each kind moves by its frame and turns about the centre, the newer track format included.
+TEST_F(MoveRotate, EveryKindMovesAndTurnsThroughItsFrame) {
+    ASSERT_TRUE(LoadInner("<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\">" +
+                          test::ClassicTrack(1, 100, 0, 1000, 0.001) + test::NewerTrack(2, 1, 2, 10) +
+                          "</Gleissystem><Gebaeudesammlung GebaudesammlungID=\"4\">" +
+                          test::Building("Haus", 100, 0) + "</Gebaeudesammlung><Goods count=\"1\">" +
+                          test::Good(100, 0) + "</Goods>"));
+    SelectAll();
+    ASSERT_EQ(selection.Count(), 4);
+    CNodeGleis& classic = Track(2, 1);
+    CNodeGleis& newer = Track(2, 2);
+    CVector classicEnd = CTrackGeometry(classic).End();
+    selection.Move(50, -20, 7);
+    ExpectNear(CTrackGeometry(classic).Start(), 150, -20, 7);
+    ExpectNear(CTrackGeometry(classic).End(), classicEnd.X + 50, classicEnd.Y - 20, 7);
+    ExpectNear(CTrackGeometry(newer).Start(), 150, 180, 7);
+    ExpectNear(Nodes<CNodeImmobilie>()[0]->DreiBein().Pos(), 150, -20, 7);
+    ExpectNear(Nodes<CNodeGood>()[0]->DreiBein().Pos(), 150, -20, 7);
+
+    // A quarter turn to the left about (150, -20): east becomes north.
+    selection.Rotate(90, 150, -20);
+    ExpectNear(CTrackGeometry(classic).Start(), 150, -20, 7);
+    CVector end = CTrackGeometry(classic).End();
+    EXPECT_NEAR(end.X, 150 - (classicEnd.Y - 0), 1e-3);
+    EXPECT_NEAR(end.Y, -20 + (classicEnd.X - 100), 1e-3);
+    ExpectNear(CTrackGeometry(newer).Start(), -50, -20, 7, 1e-3);
+    ExpectNear(CTrackGeometry(newer).End(), -50, 980, 7, 1e-3);
+    const C3Bein& building = Nodes<CNodeImmobilie>()[0]->DreiBein();
+    ExpectNear(building.Pos(), 150, -20, 7, 1e-9);
+    ExpectNear(building.Dir(), 0, 1, 0, 1e-9);
+    ExpectNear(building.Nor(), -1, 0, 0, 1e-9);
+    ExpectNear(Nodes<CNodeGood>()[0]->DreiBein().Dir(), 0, 1, 0, 1e-9);
+    // What is saved is what is drawn: the newer track's frame is written anew, in metres.
+    std::string saved = Save();
+    EXPECT_NE(saved.find("<Frame><Position x=\"-0.5\" y=\""), std::string::npos) << saved;
+    ASSERT_TRUE(anlage.Load(dir.File("out.anl3")));
+    ExpectNear(CTrackGeometry(Track(2, 2)).End(), -50, 980, 7, 1e-3);
+}
+
+// The gap between any two connected ends of a moved or turned group stays what it was, in
+// memory and after saving and loading again.
+TEST_F(MoveRotate, ConnectedEndsStayTogetherOnBothTrackFormats) {
+    struct Joint {
+        int16_t system;
+        int32_t a, b;
+        int16_t endA, endB;
+        double gap;
+    };
+    auto gaps = [&] {
+        std::vector<Joint> joints;
+        for (CNodeGleisSys* system : TrackSystems(anlage))
+            for (const CGleisVerbindung& record : system->Verbindungen()) {
+                CNodeGleis* a = system->FindGleis(record.GleisID1());
+                CNodeGleis* b = system->FindGleis(record.GleisID2());
+                if (!a || !b || !a->Selected() || !b->Selected())
+                    continue;
+                CVector p = CTrackGeometry(*a).Endpunkt(record.Anschluss1());
+                CVector q = CTrackGeometry(*b).Endpunkt(record.Anschluss2());
+                joints.push_back({system->ID(), a->ID(), b->ID(), record.Anschluss1(), record.Anschluss2(),
+                                  std::hypot(p.X - q.X, p.Y - q.Y, p.Z - q.Z)});
+            }
+        return joints;
+    };
+    int newerSamples = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
+        if (entry.path().extension() != ".anl3")
+            continue;
+        SCOPED_TRACE(entry.path().filename().string());
+        ASSERT_TRUE(anlage.Load(entry.path().string()));
+        CEditHistory history(anlage);
+        selection.Clear();
+        SelectAll();
+        std::vector<Joint> before = gaps();
+        ASSERT_FALSE(before.empty());
+        newerSamples += FindGleis(anlage, before[0].system, before[0].a)->IsNewFormat();
+        CSelectionEdit edit(selection, history);
+        ASSERT_TRUE(edit.Move(123456.7, -98765.4, 321.5));
+        ASSERT_TRUE(edit.Rotate(33.3, 5000, -7000));
+        ASSERT_TRUE(edit.Rotate(-271.7, -12.5, 0.25));
+        std::vector<Joint> after = gaps();
+        ASSERT_EQ(after.size(), before.size());
+        for (size_t i = 0; i < before.size(); ++i)
+            EXPECT_NEAR(after[i].gap, before[i].gap, 0.01) << "Gleis " << before[i].a << " - " << before[i].b;
+        std::string out = dir.File("moved.anl3");
+        ASSERT_TRUE(anlage.Save(out));
+        selection.Clear();
+        ASSERT_TRUE(anlage.Load(out));
+        SelectAll();
+        std::vector<Joint> reloaded = gaps();
+        ASSERT_EQ(reloaded.size(), before.size());
+        for (size_t i = 0; i < before.size(); ++i)
+            EXPECT_NEAR(reloaded[i].gap, before[i].gap, 0.01)
+                << "Gleis " << before[i].a << " - " << before[i].b;
+        selection.Clear();
+    }
+    EXPECT_EQ(newerSamples, 1);
+}
+
+// A building's moving part names a collector: its frame and its tracks move and turn with the
+// building, a selected track of it only once, the collector of the building itself not at all.
+TEST_F(MoveRotate, CollectorsOfMovingPartsGoAlongWithTheirBuilding) {
+    ASSERT_TRUE(LoadInner(
+        "<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\">" + test::ClassicTrack(1, 0, 0, 1000) +
+        test::ClassicTrack(2, 1000, 0, 1000) + test::ClassicTrack(3, 0, 500, 1000) + "</Gleissystem>" +
+        "<Kollektor id=\"7\">" + test::FrameText("1000", "0") +
+        "<Gleis gleisID=\"2\" gleissystemID=\"2\"/><Gleis gleisID=\"3\" gleissystemID=\"2\"/></Kollektor>" +
+        "<Kollektor id=\"8\">" + test::FrameText("0", "0") +
+        "<Gleis gleisID=\"1\" gleissystemID=\"2\"/></Kollektor>" +
+        "<Gebaeudesammlung GebaudesammlungID=\"4\">" +
+        test::Building("Drehscheibe", 1000, 0,
+                       "<BeweglichesTeil kollektorID=\"7\"/><BeweglichesTeil kollektorID=\"99\"/>") +
+        test::Building("Schuppen", 0, 0) + "</Gebaeudesammlung>"));
+    auto& turntable = *Nodes<CNodeImmobilie>()[0];
+    turntable.SetKollektorId(8);
+    std::vector<CNodeKollektor*> kollektors = Nodes<CNodeKollektor>();
+    ASSERT_EQ(kollektors.size(), 2u);
+    EXPECT_EQ(turntable.FirstKollektor(), kollektors[1]);
+    EXPECT_EQ(turntable.GetAllKollektors(), (std::vector<CNodeKollektor*>{kollektors[1], kollektors[0]}));
+    EXPECT_TRUE(turntable.hasBewegtesGleis());
+    EXPECT_FALSE(Nodes<CNodeImmobilie>()[1]->hasBewegtesGleis());
+
+    selection.Add(turntable);
+    selection.Add(Track(2, 3));
+    CEditHistory history(anlage);
+    CSelectionEdit edit(selection, history);
+    ASSERT_TRUE(edit.Move(10, 20, 0));
+    ExpectNear(kollektors[0]->DreiBein().Pos(), 1010, 20, 0);
+    ExpectNear(Track(2, 2).DreiBein().Pos(), 1010, 20, 0);
+    ExpectNear(Track(2, 3).DreiBein().Pos(), 10, 520, 0); // selected and listed: moved once
+    ExpectNear(Track(2, 1).DreiBein().Pos(), 0, 0, 0);
+    ExpectNear(kollektors[1]->DreiBein().Pos(), 0, 0, 0);
+
+    ASSERT_TRUE(edit.Rotate(180, 1010, 20));
+    ExpectNear(kollektors[0]->DreiBein().Pos(), 1010, 20, 0, 1e-9);
+    ExpectNear(kollektors[0]->DreiBein().Dir(), -1, 0, 0, 1e-9);
+    ExpectNear(Track(2, 2).DreiBein().Dir(), -1, 0, 0, 1e-9);
+    ExpectNear(Track(2, 3).DreiBein().Pos(), 2010, -480, 0, 1e-6);
+    ASSERT_TRUE(history.Undo());
+    ASSERT_TRUE(history.Undo());
+    ExpectNear(kollektors[0]->DreiBein().Pos(), 1000, 0, 0, 0);
+    ExpectNear(Track(2, 2).DreiBein().Dir(), 1, 0, 0, 0);
+    ExpectNear(Track(2, 3).DreiBein().Pos(), 0, 500, 0, 0);
+
+    // The building alone (its IPaint Move) takes the same company along.
+    selection.Clear();
+    turntable.Move(0, 5, 0);
+    ExpectNear(Track(2, 3).DreiBein().Pos(), 0, 505, 0);
+    ExpectNear(kollektors[0]->DreiBein().Pos(), 1000, 5, 0);
+    turntable.ClearKollektors();
+    EXPECT_EQ(turntable.GetAllKollektors().size(), 2u);
+}
+
+TEST_F(MoveRotate, CutLeavesTheSelectionJoinedInsideAndLooseOutside) {
+    ASSERT_TRUE(LoadInner("<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\">" +
+                          test::ClassicTrack(1, 0, 0, 1000) + test::ClassicTrack(2, 1000, 0, 1000) +
+                          test::ClassicTrack(3, 2000, 0, 1000) + test::Connection(1, "Ende", 2, "Anfang") +
+                          test::Connection(2, "Ende", 3, "Anfang") + "</Gleissystem>"));
+    selection.Add(Track(2, 1));
+    selection.Add(Track(2, 2));
+    CEditHistory history(anlage);
+    CSelectionEdit edit(selection, history);
+    EXPECT_EQ(edit.CutSelection(), 1u);
+    EXPECT_EQ(Track(2, 2).Verbindung(kEnde), 0);
+    EXPECT_EQ(Track(2, 3).Verbindung(kAnfang), 0);
+    EXPECT_EQ(Track(2, 1).Verbindung(kEnde), 2);
+    EXPECT_EQ(Track(2, 2).Verbindung(kAnfang), 1);
+    EXPECT_EQ(history.UndoName(), "Auswahl lösen");
+    // Nothing left to cut: no step.
+    EXPECT_EQ(edit.CutSelection(), 0u);
+    EXPECT_EQ(history.Count(), 1u);
+    ASSERT_TRUE(history.Undo());
+    EXPECT_EQ(Track(2, 2).Verbindung(kEnde), 3);
+    EXPECT_EQ(Track(2, 3).Anschluss(kAnfang), kEnde);
+    ASSERT_TRUE(history.Redo());
+    EXPECT_EQ(Track(2, 3).Verbindung(kAnfang), 0);
+}
+
+// All-zero frames move and turn into numbers, never into NaN.
+TEST_F(MoveRotate, DegenerateFramesMoveAndTurnWithoutNaN) {
+    const std::string zero =
+        "<Dreibein><Vektor x=\"0\" y=\"0\" z=\"0\">Pos</Vektor><Vektor x=\"0\" y=\"0\" "
+        "z=\"0\">Dir</Vektor><Vektor x=\"0\" y=\"0\" z=\"0\">Nor</Vektor><Vektor x=\"0\" "
+        "y=\"0\" z=\"0\">Bin</Vektor></Dreibein>";
+    ASSERT_TRUE(LoadInner("<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\"><Gleis GleisID=\"1\">" +
+                          zero +
+                          "<Charakteristik Kruemmung=\"0.01\" Torsion=\"0\" Fuehrungsverdrehung=\"0\" "
+                          "Laenge=\"100\"/></Gleis></Gleissystem><Gebaeudesammlung GebaudesammlungID=\"4\">"
+                          "<Immobile gsbname=\"\\a.3dm\">" +
+                          zero + "</Immobile></Gebaeudesammlung>"));
+    SelectAll();
+    ASSERT_EQ(selection.Count(), 2);
+    CEditHistory history(anlage);
+    CSelectionEdit edit(selection, history);
+    ASSERT_TRUE(edit.Move(10, 10, 10));
+    ASSERT_TRUE(edit.Rotate(45, 3, 4));
+    CBox box = selection.BoundingBox();
+    for (float value : {box.West, box.East, box.South, box.North, box.Bottom, box.Top})
+        EXPECT_TRUE(std::isfinite(value));
+    const C3Bein& frame = Nodes<CNodeImmobilie>()[0]->DreiBein();
+    for (const CVector* v : {&frame.Pos(), &frame.Dir(), &frame.Nor(), &frame.Bin()})
+        EXPECT_TRUE(std::isfinite(v->X) && std::isfinite(v->Y) && std::isfinite(v->Z));
+    EXPECT_EQ(Save().find("nan"), std::string::npos);
+}
+
+TEST(SelectionEditValues, RefusedUnlessFiniteAndWithinTheLimits) {
+    struct Case {
+        double a, b, c;
+        bool move, rotate;
+    };
+    const double nan = std::nan("");
+    const double inf = INFINITY;
+    const Case cases[] = {
+        {1, 2, 3, true, true},     {1e7, -1e7, 0, true, false},   {1e7 + 1, 0, 0, false, false},
+        {36000, 0, 0, true, true}, {-36000.5, 0, 0, true, false}, {1e300, 0, 0, false, false},
+        {nan, 0, 0, false, false}, {0, inf, 0, false, false},     {0, 0, nan, false, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.a) + " " + std::to_string(c.b) + " " + std::to_string(c.c));
+        EXPECT_EQ(CSelectionEdit::CheckMove(c.a, c.b, c.c).empty(), c.move);
+        EXPECT_EQ(CSelectionEdit::CheckRotate(c.a, c.b, c.c).empty(), c.rotate);
+    }
+}
+
+} // namespace
