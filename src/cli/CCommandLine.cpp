@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/CConsoleUserInterface.h"
+#include "cli/CEditCommand.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
 #include "nodes/CLayoutStatistics.h"
@@ -48,6 +49,8 @@ int CCommandLine::Run(const std::vector<std::string>& args) {
         return Save(args[1], args[2]);
     if (command == "render")
         return Render(std::vector<std::string>(args.begin() + 1, args.end()));
+    if (command == "edit")
+        return Edit(std::vector<std::string>(args.begin() + 1, args.end()));
     if (command == "info" || command == "check" || command == "save")
         return Usage(FormatMessage("Falsche Anzahl von Argumenten für '%1'.", command));
     return Usage(FormatMessage("Unbekannter Befehl '%1'.", command));
@@ -67,7 +70,7 @@ void CCommandLine::Help() {
          << "                               und Züge mit ihrer Anzahl (wie Anlage > Inventar im Editor)\n"
          << "  kavrin-cli check DATEI       Anlage laden; Hinweise auf der Standardausgabe\n"
          << "  kavrin-cli save EIN AUS      Anlage EIN laden und als AUS speichern\n"
-         << CRenderCommand::Usage() << "  kavrin-cli --help            diese Hilfe\n"
+         << CRenderCommand::Usage() << CEditCommand::Usage() << "  kavrin-cli --help            diese Hilfe\n"
          << "  kavrin-cli --version         Versionsnummer\n\n"
          << "Rückgabewert: 0 erfolgreich, 1 fehlgeschlagen, 2 falscher Aufruf.\n";
 }
@@ -168,6 +171,15 @@ int CCommandLine::Render(const std::vector<std::string>& args) {
     }
     CViewOptions options = viewOptions_ ? viewOptions_() : CViewOptions();
     return CRenderCommand(out_, err_, imageWriter_, options).Run(request);
+}
+
+int CCommandLine::Edit(const std::vector<std::string>& args) {
+    CEditCommand::Request request;
+    std::string problem;
+    if (!CEditCommand::Parse(args, request, problem))
+        return Usage(problem);
+    ConsoleScope console(out_, err_);
+    return CEditCommand(out_, err_).Run(request) == 0 ? kOk : kFailed;
 }
 
 } // namespace kavrin

@@ -36,6 +36,7 @@ private:
     int Check(const std::string& path);
     int Save(const std::string& in, const std::string& out);
     int Render(const std::vector<std::string>& args);
+    int Edit(const std::vector<std::string>& args);
     void PrintContent(const CLayoutStatistics& statistics);
     int Usage(const std::string& problem);
     void Help();

@@ -230,6 +230,37 @@ std::string ArgText(double v) {
     return text;
 }
 
+namespace {
+// Thousands separators into the digits before the decimal point of a plain number text.
+std::string Grouped(std::string text, char decimal) {
+    size_t digitsEnd = text.find('.');
+    if (digitsEnd == std::string::npos)
+        digitsEnd = text.size();
+    else
+        text[digitsEnd] = decimal;
+    size_t digitsBegin = text.front() == '-' ? 1 : 0;
+    for (size_t at = digitsEnd; at > digitsBegin + 3; at -= 3)
+        text.insert(at - 3, 1, gUserFormat.thousands);
+    return text;
+}
+} // namespace
+
+std::string WholeNumberText(int64_t value) {
+    return Grouped(std::to_string(value), gUserFormat.decimal);
+}
+
+// A value that rounds to zero is shown without its sign.
+std::string DecimalText(double value, int decimals) {
+    if (!std::isfinite(value))
+        return GeneralNumberText(value, 15);
+    double scale = std::pow(10.0, decimals);
+    if (std::fabs(value) * scale < 0.5)
+        value = 0;
+    char buffer[400];
+    auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+    return Grouped(std::string(buffer, result.ptr), gUserFormat.decimal);
+}
+
 void SetUserNumberFormat(UserNumberFormat format) {
     gUserFormat = format;
 }

@@ -42,6 +42,10 @@ struct UserNumberFormat {
 void SetUserNumberFormat(UserNumberFormat format);
 UserNumberFormat GetUserNumberFormat();
 
+// Numbers shown to the user in their format: "#,##0" and "#,##0.00" (with `decimals` places).
+std::string WholeNumberText(int64_t value);
+std::string DecimalText(double value, int decimals);
+
 // Layout-file number format: "." always; 0 -> "0"; magnitudes below 0.034 as "0.######E-00".
 std::string NumberToText(double value);
 std::string NumberToText(float value);

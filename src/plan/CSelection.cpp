@@ -277,6 +277,14 @@ CBox CSelection::BoundingBox() const {
     return box;
 }
 
+std::string CSelection::CountsText() const {
+    auto counted = [](int32_t count, const char* one, const char* many) {
+        return FormatMessage("%1 %2", WholeNumberText(count), count == 1 ? one : many);
+    };
+    return FormatMessage("%1, %2, %3", counted(gleise_, "Gleis", "Gleise"),
+                         counted(immos_, "Immobilie", "Immobilien"), counted(goods_, "Gut", "Güter"));
+}
+
 namespace {
 uint32_t ColorOf(const IPaint& member, const CViewOptions& options) {
     switch (member.PaintKind()) {

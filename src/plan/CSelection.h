@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -87,6 +88,8 @@ public:
     void DecrObjektCount();
     // Tracks by their two ends, buildings and goods by their position; empty for no member.
     CBox BoundingBox() const;
+    // "3 Gleise, 12 Immobilien, 0 Güter" (one of a kind in the singular).
+    std::string CountsText() const;
     // Draws the members, each in the colour of its kind.
     void Paint(CPaintTarget& target, const CViewOptions& options) const;
 

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "plan/CGleisIdList.h"
+
+namespace kavrin {
+
+class CAnlage;
+class CEditHistory;
+class CSelection;
+
+// "kavrin-cli edit EIN AUS OPTION…": selects and edits a layout by the options, left to right,
+// with the editor's own selection and edits, and writes AUS only when every option succeeded.
+// Selection options add to the selection (--alles, --bereich, --gleise; --keine empties it);
+// actions work on it (--verschieben, --drehen, --loesen) or undo the actions since the start
+// or the previous --rueckgaengig.
+class CEditCommand {
+public:
+    struct Option {
+        std::string name;
+        std::string value;
+        std::vector<double> numbers; // metres and degrees as given
+        int16_t system = 0;          // --gleise
+        CGleisIdList ids;            // --gleise
+    };
+    struct Request {
+        std::string in;
+        std::string out;
+        std::vector<Option> options;
+    };
+
+    // The arguments after "edit". False when the call itself is wrong (`problem` says why,
+    // exit 2); a value that is not usable is found by CheckValues.
+    static bool Parse(const std::vector<std::string>& args, Request& request, std::string& problem);
+    // Reads the numbers and id lists of the options; false with the reason (exit 1).
+    static bool CheckValues(Request& request, std::string& problem);
+    static const char* Usage();
+
+    CEditCommand(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
+    // 0 done and written, 1 failed (nothing written).
+    int Run(Request& request);
+
+private:
+    bool RunOption(const Option& option, CAnlage& anlage, CSelection& selection, CEditHistory& history,
+                   size_t& undoMark);
+    bool Fail(const std::string& text);
+    void PrintCounts(const CSelection& selection);
+
+    std::ostream& out_;
+    std::ostream& err_;
+};
+
+} // namespace kavrin
