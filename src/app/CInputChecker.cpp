@@ -28,10 +28,17 @@ bool CInputChecker::AcceptsChar(char32_t c) {
     return IsDigit(c) || c == U'+' || c == U'-' || c == U',' || c == U'.';
 }
 
+bool CInputChecker::IsSignedNumber(std::string_view text) {
+    if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+        text.remove_prefix(1);
+        if (text.empty())
+            return false;
+    }
+    return IsNumber(text);
+}
+
 bool CInputChecker::IsNumber(std::string_view text) {
     size_t i = 0;
-    if (i < text.size() && (text[i] == '+' || text[i] == '-'))
-        ++i;
     int digits = 0;
     bool separatorSeen = false;
     for (; i < text.size(); ++i) {

@@ -21,9 +21,12 @@ public:
 
     // Whether a typed character can be part of a number.
     static bool AcceptsChar(char32_t c);
-    // The number test: an optional sign, digits with at most one comma or point, at least one
-    // digit. An empty text passes: an empty box stands for 0 (or for a limit not in use).
+    // The number test: digits with at most one comma or point, at least one digit; no sign, no
+    // exponent, no grouping. An empty text passes: an empty box stands for 0 (or for a limit
+    // not in use).
     static bool IsNumber(std::string_view text);
+    // The signed-number test: the same with an optional sign in front.
+    static bool IsSignedNumber(std::string_view text);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

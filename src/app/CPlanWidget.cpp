@@ -1,5 +1,6 @@
 #include "app/CPlanWidget.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
@@ -9,6 +10,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "app/CQtCanvas.h"
 #include "app/modPlanExport.h"
@@ -88,6 +90,8 @@ bool CPlanWidget::Render() {
     image.fill(BackgroundColor());
     drawn_ = DrawAllSafely(image);
     cache_ = std::move(image);
+    if (drawn_)
+        emit Rendered();
     return drawn_;
 }
 
@@ -115,10 +119,30 @@ void CPlanWidget::paintEvent(QPaintEvent*) {
         painter.fillRect(rect(), BackgroundColor());
     if (!cache_.isNull())
         painter.drawImage(dragOffset_, cache_);
+    PaintPointerWork(painter);
+}
+
+// The rubber band, or the selection where it would go if let go now.
+void CPlanWidget::PaintPointerWork(QPainter& painter) {
+    if (pointing_ == Pointing::Band) {
+        painter.setPen(QPen(QColor(0x20, 0x60, 0xd0), 1, Qt::DashLine));
+        painter.setBrush(QColor(0x20, 0x60, 0xd0, 0x20));
+        painter.drawRect(QRect(pointStart_, pointNow_).normalized());
+    } else if (pointing_ == Pointing::MoveSelection && PaintDraggedSelection) {
+        PaintDraggedSelection(painter, pointNow_ - pointStart_);
+    }
+}
+
+void CPlanWidget::SetPointPicking(bool on) {
+    pointPicking_ = on;
+    pointing_ = Pointing::None;
+    RestoreCursor();
 }
 
 void CPlanWidget::SetTool(Tool tool) {
     tool_ = tool;
+    pointing_ = Pointing::None;
+    pointPicking_ = false;
     RestoreCursor();
 }
 
@@ -145,6 +169,8 @@ void CPlanWidget::RestoreCursor() {
         setCursor(Qt::ClosedHandCursor);
     else if (tool_ == Tool::Mover || spaceHeld_)
         setCursor(Qt::OpenHandCursor);
+    else if (pointPicking_)
+        setCursor(Qt::CrossCursor);
     else
         setCursor(Qt::ArrowCursor);
 }
@@ -153,6 +179,8 @@ bool CPlanWidget::StartsDrag(Qt::MouseButton button) const {
     return button == Qt::MiddleButton || (button == Qt::LeftButton && (tool_ == Tool::Mover || spaceHeld_));
 }
 
+// Dragging the plan (middle button, the hand, Space) comes first; the left button of the pointer
+// tool selects.
 void CPlanWidget::mousePressEvent(QMouseEvent* event) {
     if (!dragging_ && drawn_ && StartsDrag(event->button())) {
         dragging_ = true;
@@ -163,6 +191,8 @@ void CPlanWidget::mousePressEvent(QMouseEvent* event) {
         event->accept();
         return;
     }
+    if (tool_ == Tool::Pointer && !dragging_)
+        PointerPressed(event);
     QWidget::mousePressEvent(event);
 }
 
@@ -175,9 +205,13 @@ void CPlanWidget::mouseMoveEvent(QMouseEvent* event) {
         dragOffset_ = at.toPoint() - dragStart_;
         update();
     }
+    if (tool_ == Tool::Pointer && !dragging_)
+        PointerMoved(event);
 }
 
 void CPlanWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (tool_ == Tool::Pointer && !dragging_)
+        PointerReleased(event);
     if (dragging_ && event->button() == dragButton_) {
         dragging_ = false;
         const QPoint distance = dragOffset_;
@@ -190,6 +224,53 @@ void CPlanWidget::mouseReleaseEvent(QMouseEvent* event) {
         return;
     }
     QWidget::mouseReleaseEvent(event);
+}
+
+// A press on the selection (without Ctrl or Shift) takes hold of it; anywhere else it may become
+// a click or, once the mouse has gone a few pixels, a rubber band.
+void CPlanWidget::PointerPressed(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !drawn_)
+        return;
+    pointStart_ = pointNow_ = event->position().toPoint();
+    const bool plain = !pointPicking_ && !(event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
+    pointing_ = plain && GrabsSelection && GrabsSelection(event->position()) ? Pointing::MoveSelection
+                                                                             : Pointing::Pending;
+}
+
+void CPlanWidget::PointerMoved(QMouseEvent* event) {
+    if (pointing_ == Pointing::None && pointPicking_)
+        return;
+    if (pointing_ == Pointing::None) {
+        // The hand tells that a press here takes hold of the selection.
+        const bool grabs = !(event->buttons() & Qt::LeftButton) && !spaceHeld_ && GrabsSelection && drawn_ &&
+                           GrabsSelection(event->position());
+        if (grabs)
+            setCursor(Qt::SizeAllCursor);
+        else
+            RestoreCursor();
+        return;
+    }
+    pointNow_ = event->position().toPoint();
+    if (pointing_ == Pointing::Pending && !pointPicking_ &&
+        (pointNow_ - pointStart_).manhattanLength() >= QApplication::startDragDistance())
+        pointing_ = Pointing::Band;
+    update();
+}
+
+void CPlanWidget::PointerReleased(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || pointing_ == Pointing::None)
+        return;
+    const Pointing pointing = std::exchange(pointing_, Pointing::None);
+    pointNow_ = event->position().toPoint();
+    const QPoint distance = pointNow_ - pointStart_;
+    const bool moved = distance.manhattanLength() >= QApplication::startDragDistance();
+    if (pointing == Pointing::Band)
+        emit BandSelected(QRect(pointStart_, pointNow_).normalized(), event->modifiers());
+    else if (pointing == Pointing::MoveSelection && moved)
+        emit SelectionDropped(distance);
+    else
+        emit PointerClicked(event->position(), event->modifiers());
+    update();
 }
 
 void CPlanWidget::leaveEvent(QEvent* event) {

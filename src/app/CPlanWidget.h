@@ -2,7 +2,9 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QRect>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 namespace kavrin {
@@ -49,6 +51,14 @@ public:
     // where there is none.
     QString ToolTipAt(QPointF at) const;
 
+    // The pointer tool: whether a press at a pixel position takes hold of the selection (then a
+    // drag moves it), and what is drawn over the picture while it is dragged (the offset in pixels).
+    std::function<bool(QPointF)> GrabsSelection;
+    std::function<void(QPainter&, QPoint)> PaintDraggedSelection;
+    // The next click picks a point (the rotation centre): a cross for a cursor, no dragging.
+    void SetPointPicking(bool on);
+    bool PointPicking() const { return pointPicking_; }
+
 signals:
     // The mouse is at a world position; MouseLeft when it has left the plan.
     void MouseAt(double worldX, double worldY);
@@ -63,6 +73,13 @@ signals:
     void ZoomStep(int direction);
     // The picture changed its size (the drawing is deferred until Invalidate).
     void Resized();
+    // The layout has been drawn anew.
+    void Rendered();
+    // The pointer tool: a click, a rubber band (pixels, normalised) and a dragged selection let
+    // go (distance in pixels), each with the keyboard modifiers held.
+    void PointerClicked(QPointF position, Qt::KeyboardModifiers modifiers);
+    void BandSelected(QRect band, Qt::KeyboardModifiers modifiers);
+    void SelectionDropped(QPoint distance);
 
 protected:
     bool event(QEvent* event) override;
@@ -86,6 +103,10 @@ private:
     // Keys that scroll or zoom; false for any other key.
     bool Navigate(const QKeyEvent& event);
     void ShowToolTip(const QPoint& at, const QPoint& global);
+    void PointerPressed(QMouseEvent* event);
+    void PointerMoved(QMouseEvent* event);
+    void PointerReleased(QMouseEvent* event);
+    void PaintPointerWork(QPainter& painter);
 
     const CAnlage& anlage_;
     CPlanView& view_;
@@ -101,6 +122,11 @@ private:
     bool spaceHeld_ = false;
     QPoint dragStart_;
     QPoint dragOffset_;
+    // What the left button does with the pointer tool, from press to release.
+    enum class Pointing { None, Pending, Band, MoveSelection } pointing_ = Pointing::None;
+    QPoint pointStart_;
+    QPoint pointNow_;
+    bool pointPicking_ = false;
 };
 
 } // namespace kavrin

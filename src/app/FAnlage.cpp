@@ -21,6 +21,7 @@
 #include "app/CAppIcon.h"
 #include "app/COptions.h"
 #include "app/CPlanCommands.h"
+#include "app/CPlanEditor.h"
 #include "app/CPlanNavigator.h"
 #include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
@@ -35,6 +36,7 @@
 #include "app/modQtText.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "edit/CEditHistory.h"
 #include "nodes/CNodeLandschaft.h"
 #include "nodes/LayoutLookup.h"
 #include "plan/CContentBox.h"
@@ -44,13 +46,15 @@
 namespace kavrin {
 
 FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
-    : QWidget(parent), main_(main), ui_(ui), anlage_(std::make_unique<CAnlage>()) {
+    : QWidget(parent), main_(main), ui_(ui), anlage_(std::make_unique<CAnlage>()),
+      history_(std::make_unique<CEditHistory>(*anlage_)) {
     setObjectName(QStringLiteral("FAnlage"));
     setWindowIcon(CAppIcon::Icon());
     setMinimumSize(320, 200);
 
     commands_ = new CPlanCommands(this);
     CreatePlan();
+    editor_ = new CPlanEditor(*this, selection_, *history_, main_.Options());
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -65,6 +69,7 @@ FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
     layout->addWidget(CreateStatusStrip());
 
     CreateMenus();
+    editor_->CreateCommands(mnuEdit_, commands_->Popup(), commands_->ToolBar());
     ConnectCommands();
 }
 
@@ -98,6 +103,7 @@ QWidget* FAnlage::CreateStatusStrip() {
     stripLayout->setContentsMargins(6, 2, 6, 2);
     stripLayout->addWidget(lblVersion_, 1);
     stripLayout->addWidget(lblCoord_, 2);
+    stripLayout->addWidget(editor_->SelectionLabel(), 2);
     stripLayout->addWidget(lblBitmap_);
     stripLayout->addSpacing(12);
     stripLayout->addWidget(lblStatus_, 1);
@@ -214,6 +220,7 @@ bool FAnlage::Load(const std::string& path) {
     if (!ok)
         return false;
     lblVersion_->setText(ToQt(FormatMessage("Version %1", anlage_->Version().Text())));
+    editor_->LayoutLoaded();
     UpdateCaption();
     InitPlan();
     return true;
@@ -223,6 +230,8 @@ bool FAnlage::Save() {
     if (FileName().empty())
         return SaveAs();
     bool ok = anlage_->Save(FileName());
+    if (ok)
+        editor_->LayoutSaved();
     UpdateCaption();
     return ok;
 }
@@ -257,6 +266,8 @@ bool FAnlage::SaveAs(const std::string& file) {
         return false;
     const std::string oldFolder = FileName().empty() ? std::string() : FolderOf(FileName());
     bool ok = anlage_->Save(path);
+    if (ok)
+        editor_->LayoutSaved();
     UpdateCaption();
     if (ok) {
         main_.AddRecentFile(path);
@@ -324,6 +335,7 @@ void FAnlage::closeEvent(QCloseEvent* event) {
     lblStatus_->setText(ToQt(FormatMessage("wird abgebaut ...")));
     lblStatus_->repaint();
     navigator_->CancelRescale();
+    editor_->CloseDialogs();
     anlage_->Clear();
     main_.RemoveAnlage(this);
     event->accept();
@@ -448,10 +460,11 @@ void FAnlage::ShowInventory() {
     dialog.exec();
 }
 
-// The hit is shown, hidden or not: a hidden one at least shows where it would be.
-// Once the plan has a selection, a hit that may be selected (Consider(2)) is selected here.
+// The hit is shown, hidden or not: a hidden one at least shows where it would be. One the plan
+// may select (Consider(2)) becomes the selection.
 void FAnlage::JumpTo(const CObjectSearch::Hit& hit) {
     ShowPlace(hit.x, hit.y);
+    editor_->SelectFound(hit.node);
 }
 
 void FAnlage::ShowPlace(double x, double y) {

@@ -7,6 +7,7 @@
 
 #include "plan/CObjectSearch.h"
 #include "plan/CPlanView.h"
+#include "plan/CSelection.h"
 #include "plan/CTerrainBitmaps.h"
 
 class QLabel;
@@ -17,7 +18,9 @@ class QScrollBar;
 namespace kavrin {
 
 class CAnlage;
+class CEditHistory;
 class CPlanCommands;
+class CPlanEditor;
 class CPlanNavigator;
 class CPlanWidget;
 class CQtUserInterface;
@@ -25,10 +28,11 @@ class FMain;
 class FSearch;
 
 // The document window of one open layout: it loads the layout, draws its plan, shows its name,
-// version and state, saves it, and asks before a changed layout is closed. Controls: the
-// toolbar with cbZoom, picPlan with scrHor and scrVert, lblVersion, lblCoord, lblBitmap (the
-// colour map that cannot be shown), lblStatus and PaintTimer; menus mnuFile (mnuFileSave, mnuFileSaveAs,
-// mnuFileClose, recent files) and mnuAnl; the plan's popup popAnl.
+// version and state, saves it, and asks before a changed layout is closed; its editor selects
+// and edits (Bearbeiten menu, pointer tool, dialogs, undo). Controls: the toolbar with cbZoom,
+// picPlan with scrHor and scrVert, lblVersion, lblCoord, lblBitmap (the colour map that cannot be
+// shown), lblStatus and PaintTimer; menus mnuFile (mnuFileSave, mnuFileSaveAs, mnuFileClose,
+// recent files) and mnuAnl; the plan's popup popAnl.
 class FAnlage : public QWidget {
     Q_OBJECT
 public:
@@ -68,6 +72,11 @@ public:
     const CTerrainBitmaps& TerrainBitmaps() const { return bitmaps_; }
     CPlanWidget* Plan() const { return picPlan_; }
     CPlanCommands& Commands() const { return *commands_; }
+    // What the user has selected on the plan, the layout's undo history, and the editing
+    // commands, mouse tools and dialogs that work with them.
+    CSelection& Selection() { return selection_; }
+    CEditHistory& History() { return *history_; }
+    CPlanEditor& Editor() const { return *editor_; }
 
     // Draws the plan anew (after a change of the view options, for example).
     void RepaintPlan();
@@ -92,7 +101,7 @@ public:
     FSearch* ShowSearch();
     // Anlage > "Inventar…".
     void ShowInventory();
-    // Centres the plan on a found object and zooms in to it.
+    // Centres the plan on a found object and zooms in to it; selects it when the plan may.
     void JumpTo(const CObjectSearch::Hit& hit);
 
 protected:
@@ -115,9 +124,12 @@ private:
     FMain& main_;
     CQtUserInterface& ui_;
     std::unique_ptr<CAnlage> anlage_;
+    std::unique_ptr<CEditHistory> history_;
+    CSelection selection_;
     CPlanView view_;
     CTerrainBitmaps bitmaps_;
     CPlanCommands* commands_ = nullptr;
+    CPlanEditor* editor_ = nullptr;
     CPlanWidget* picPlan_ = nullptr;
     CPlanNavigator* navigator_ = nullptr;
     QScrollBar* scrHor_ = nullptr;

@@ -123,7 +123,7 @@ bool FHeightFilter::RowsAreNumbers() {
     for (int row = 0; row < kRows; ++row) {
         const QString text = txHeight_[row]->text().trimmed();
         txHeight_[row]->setText(text);
-        if (!CInputChecker::IsNumber(FromQt(text))) {
+        if (!CInputChecker::IsSignedNumber(FromQt(text))) {
             ErrorBox(
                 FormatMessage("Ungültige Zahl >%1< !%mBitte korrigieren Sie Ihre Eingabe.", FromQt(text)));
             txHeight_[row]->setFocus();

@@ -232,14 +232,14 @@ std::string ArgText(double v) {
 
 namespace {
 // Thousands separators into the digits before the decimal point of a plain number text.
-std::string Grouped(std::string text, char decimal) {
+std::string Grouped(std::string text, char decimal, bool grouped = true) {
     size_t digitsEnd = text.find('.');
     if (digitsEnd == std::string::npos)
         digitsEnd = text.size();
     else
         text[digitsEnd] = decimal;
     size_t digitsBegin = text.front() == '-' ? 1 : 0;
-    for (size_t at = digitsEnd; at > digitsBegin + 3; at -= 3)
+    for (size_t at = digitsEnd; grouped && at > digitsBegin + 3; at -= 3)
         text.insert(at - 3, 1, gUserFormat.thousands);
     return text;
 }
@@ -250,7 +250,7 @@ std::string WholeNumberText(int64_t value) {
 }
 
 // A value that rounds to zero is shown without its sign.
-std::string DecimalText(double value, int decimals) {
+std::string DecimalText(double value, int decimals, bool grouped) {
     if (!std::isfinite(value))
         return GeneralNumberText(value, 15);
     double scale = std::pow(10.0, decimals);
@@ -258,7 +258,11 @@ std::string DecimalText(double value, int decimals) {
         value = 0;
     char buffer[400];
     auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
-    return Grouped(std::string(buffer, result.ptr), gUserFormat.decimal);
+    return Grouped(std::string(buffer, result.ptr), gUserFormat.decimal, grouped);
+}
+
+double Remainder(double dividend, double divisor) {
+    return std::fmod(dividend, divisor);
 }
 
 void SetUserNumberFormat(UserNumberFormat format) {

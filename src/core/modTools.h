@@ -43,8 +43,11 @@ void SetUserNumberFormat(UserNumberFormat format);
 UserNumberFormat GetUserNumberFormat();
 
 // Numbers shown to the user in their format: "#,##0" and "#,##0.00" (with `decimals` places).
+// Without grouping (`grouped` false) for a text the user may edit and the program read back.
 std::string WholeNumberText(int64_t value);
-std::string DecimalText(double value, int decimals);
+std::string DecimalText(double value, int decimals, bool grouped = true);
+// The remainder of a division with the sign of the dividend (400 and 360 give 40, -400 gives -40).
+double Remainder(double dividend, double divisor);
 
 // Layout-file number format: "." always; 0 -> "0"; magnitudes below 0.034 as "0.######E-00".
 std::string NumberToText(double value);

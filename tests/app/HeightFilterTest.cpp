@@ -89,13 +89,18 @@ void HeightFilterTest::numberTestAndKeyFilter() {
     struct Case {
         const char* text;
         bool number;
+        bool signedNumber;
     };
-    const Case cases[] = {{"", true},       {"0", true},   {"-5", true},   {"+12,5", true},  {",5", true},
-                          {"5,", true},     {"-", false},  {",", false},   {"1,2,3", false}, {"1.5", true},
-                          {"1.2,5", false}, {".5", true},  {"1e3", false}, {"--1", false},   {"1-", false},
-                          {"1 000", false}, {"12a", false}};
-    for (const Case& c : cases)
+    const Case cases[] = {
+        {"", true, true},        {"0", true, true},       {"-5", false, true},   {"+12,5", false, true},
+        {",5", true, true},      {"5,", true, true},      {"-", false, false},   {"+", false, false},
+        {",", false, false},     {"1,2,3", false, false}, {"1.5", true, true},   {"1.2,5", false, false},
+        {".5", true, true},      {"1e3", false, false},   {"--1", false, false}, {"1-", false, false},
+        {"1 000", false, false}, {"12a", false, false},   {"-,5", false, true},  {"+-1", false, false}};
+    for (const Case& c : cases) {
         QVERIFY2(CInputChecker::IsNumber(c.text) == c.number, c.text);
+        QVERIFY2(CInputChecker::IsSignedNumber(c.text) == c.signedNumber, c.text);
+    }
     for (char32_t c : U"0123456789+-,.")
         if (c != 0)
             QVERIFY(CInputChecker::AcceptsChar(c));
