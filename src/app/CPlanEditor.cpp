@@ -28,6 +28,7 @@
 #include "plan/CPaintTarget.h"
 #include "plan/CPlanObjects.h"
 #include "plan/CPlanPainter.h"
+#include "plan/CPlanPicker.h"
 #include "plan/CSelection.h"
 #include "plan/CViewOptions.h"
 
@@ -52,7 +53,8 @@ CPlanObjects::How HowOf(Qt::KeyboardModifiers modifiers) {
 
 CPlanEditor::CPlanEditor(FAnlage& window, CSelection& selection, CEditHistory& history,
                          const CViewOptions& options)
-    : QObject(&window), window_(window), selection_(selection), history_(history), options_(options) {
+    : QObject(&window), window_(window), selection_(selection), history_(history), options_(options),
+      picker_(std::make_unique<CPlanPicker>(window.Anlage())) {
     undoStack_ = new QUndoStack(this);
     lblSelection_ = new QLabel(&window);
     lblSelection_->setObjectName(QStringLiteral("lblSelection"));
@@ -162,8 +164,7 @@ void CPlanEditor::PlanClicked(QPointF position, Qt::KeyboardModifiers modifiers)
         ShowSelectionCount();
         return;
     }
-    IPaint* hit =
-        CPlanObjects(window_.Anlage(), options_).Pick(x, y, view.PixelSize(), kPickTolerance, kShownMode);
+    IPaint* hit = picker_->Pick(x, y, view.PixelSize(), kPickTolerance, kShownMode);
     switch (HowOf(modifiers)) {
     case CPlanObjects::How::Toggle:
         if (!hit)
@@ -200,9 +201,8 @@ bool CPlanEditor::GrabsSelection(QPointF position) const {
     const CPlanView& view = window_.View();
     if (selection_.Empty() || !view.Scaled())
         return false;
-    IPaint* hit = CPlanObjects(window_.Anlage(), options_)
-                      .Pick(view.ToWorldX(position.x()), view.ToWorldY(position.y()), view.PixelSize(),
-                            kPickTolerance, kShownMode);
+    IPaint* hit = picker_->Pick(view.ToWorldX(position.x()), view.ToWorldY(position.y()), view.PixelSize(),
+                                kPickTolerance, kShownMode);
     return hit && hit->Selected();
 }
 
@@ -232,8 +232,14 @@ void CPlanEditor::PaintDraggedSelection(QPainter& painter, QPoint offset) const 
 }
 
 // Members the plan no longer shows (their kind hidden, out of the height band) leave the
-// selection; they were not drawn, so the picture stays as it is.
+// selection; they were not drawn, so the picture stays as it is. After an edit the picker's
+// grid is made while the user looks at the new drawing, not at the next click.
 void CPlanEditor::PlanDrawn() {
+    if (!picker_->Built())
+        QTimer::singleShot(0, this, [this] {
+            if (window_.Anlage().RootNode())
+                picker_->Pick(0, 0, 1, 0, kShownMode);
+        });
     if (selection_.Empty())
         return;
     if (selection_.RemoveIf([](const IPaint& member) { return !member.Consider(kVisibleMode); }) > 0)
@@ -333,6 +339,7 @@ void CPlanEditor::Recorded(size_t stepsBefore) {
 
 // A step that failed to undo dropped the history; the stack follows once it is done.
 void CPlanEditor::AfterEdit() {
+    picker_->Invalidate();
     if (history_.Count() == 0 && undoStack_->count() > 0)
         QTimer::singleShot(0, undoStack_, &QUndoStack::clear);
     window_.SetChanged(window_.Anlage().Changed());
@@ -481,9 +488,11 @@ void CPlanEditor::CloseDialogs() {
     window_.Plan()->SetPointPicking(false);
     selection_.Clear();
     undoStack_->clear();
+    picker_->Invalidate();
 }
 
 void CPlanEditor::LayoutLoaded() {
+    picker_->Invalidate();
     undoStack_->clear();
     history_.Reset();
     selection_.Clear();

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QRect>
 #include <map>
+#include <memory>
 #include <string>
 
 class QAction;
@@ -18,6 +19,7 @@ class QUndoStack;
 namespace kavrin {
 
 class CEditHistory;
+class CPlanPicker;
 class CSelection;
 class CViewOptions;
 class FAnlage;
@@ -99,6 +101,8 @@ private:
     CSelection& selection_;
     CEditHistory& history_;
     const CViewOptions& options_;
+    // Finds what is under the mouse; its grid is built anew after every edit.
+    std::unique_ptr<CPlanPicker> picker_;
     QUndoStack* undoStack_ = nullptr;
     QLabel* lblSelection_ = nullptr;
     std::map<std::string, QAction*> commands_;

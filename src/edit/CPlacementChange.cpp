@@ -17,9 +17,16 @@ std::unique_ptr<CPlacementChange> CPlacementChange::Apply(std::vector<IPlaced*> 
 void CPlacementChange::Redo() {
     const bool turning = transform_.kind == Transform::Kind::Rotate;
     before_.clear();
-    before_.reserve(objects_.size());
-    for (const IPlaced* object : objects_)
-        before_.push_back(object->Placement(turning));
+    before_.reserve(objects_.size() * (turning ? 4 : 1));
+    kept_.clear();
+    for (size_t i = 0; i < objects_.size(); ++i) {
+        CPlacement placement = objects_[i]->Placement(turning);
+        before_.push_back(placement.pos);
+        if (turning)
+            before_.insert(before_.end(), placement.axes.begin(), placement.axes.end());
+        if (placement.kept)
+            kept_.emplace_back(i, std::move(placement.kept));
+    }
     ApplyTransform();
 }
 
@@ -33,10 +40,24 @@ void CPlacementChange::ApplyTransform() const {
 }
 
 void CPlacementChange::Undo() {
-    for (size_t i = objects_.size(); i-- > 0;)
-        objects_[i]->SetPlacement(before_[i]);
+    const bool turning = transform_.kind == Transform::Kind::Rotate;
+    const size_t stride = turning ? 4 : 1;
+    size_t nextKept = 0;
+    for (size_t i = 0; i < objects_.size(); ++i) {
+        CPlacement placement;
+        const CVector* values = &before_[i * stride];
+        placement.pos = values[0];
+        placement.turning = turning;
+        if (turning)
+            placement.axes = {values[1], values[2], values[3]};
+        if (nextKept < kept_.size() && kept_[nextKept].first == i)
+            placement.kept = std::move(kept_[nextKept++].second);
+        objects_[i]->SetPlacement(placement);
+    }
+    // Redo takes them anew; until then the step holds nothing.
     before_.clear();
     before_.shrink_to_fit();
+    kept_.clear();
 }
 
 } // namespace kavrin

@@ -452,8 +452,9 @@ CPlacement CNodeGleis::Placement(bool turning) const {
     const CTrackCurve::Frame& frame = curve_->GetFrame();
     CPlacement placement;
     placement.pos = frame.position;
+    placement.turning = turning;
     if (turning)
-        placement.axes = std::make_unique<std::array<CVector, 3>>(frame.axes);
+        placement.axes = frame.axes;
     if (!curve_->FrameText().empty() || keptFrame_) {
         placement.kept = std::make_unique<CPlacement::KeptText>();
         placement.kept->frame = curve_->FrameText();
@@ -471,8 +472,8 @@ void CNodeGleis::SetPlacement(const CPlacement& placement) {
     }
     CTrackCurve::Frame frame = curve_->GetFrame();
     frame.position = placement.pos;
-    if (placement.axes)
-        frame.axes = *placement.axes;
+    if (placement.turning)
+        frame.axes = placement.axes;
     curve_->SetFrame(frame, placement.kept ? placement.kept->frame : std::string());
     if (placement.kept) {
         std::vector<INode*> elements = KeptFrameElements();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/CStringPack.h"
+#include "nodes/CLayoutIndex.h"
 #include "nodes/CNodeBewegTeil.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeImmoSammlung.h"
@@ -158,30 +159,37 @@ bool CNodeImmobilie::hasBewegtesGleis() const {
                        [](const CNodeKollektor* kollektor) { return !kollektor->Gleise().empty(); });
 }
 
-void CNodeImmobilie::Companions(std::vector<IPlaced*>& list) const {
-    if (bewegTeile_.Count() == 0 || !Anlage())
-        return;
-    std::vector<CNodeKollektor*> kollektors;
-    AddBewegKollektors(kollektors);
-    for (CNodeKollektor* kollektor : kollektors) {
-        list.push_back(kollektor);
+void CNodeImmobilie::Companions(const CLayoutIndex& index, std::vector<CNodeKollektor*>& kollektors,
+                                std::vector<CNodeGleis*>& tracks) const {
+    for (const auto& part : bewegTeile_) {
+        const auto* bewegTeil = dynamic_cast<const CNodeBewegTeil*>(part.get());
+        CNodeKollektor* kollektor = bewegTeil ? index.Kollektor(bewegTeil->KollektorId()) : nullptr;
+        if (!kollektor)
+            continue;
+        kollektors.push_back(kollektor);
         for (const CKollektorGleis& entry : kollektor->Gleise())
-            if (CNodeGleis* track = FindGleis(*Anlage(), entry.GleissystemID, entry.GleisID);
-                track && std::find(list.begin(), list.end(), track) == list.end())
-                list.push_back(track);
+            if (CNodeGleis* track = index.Gleis(entry.GleissystemID, entry.GleisID))
+                tracks.push_back(track);
     }
 }
 
 // Tracks that are selected themselves are left to the selection, so that nothing moves twice.
 template <typename Transform> void CNodeImmobilie::MoveWithCompanions(Transform transform) {
     transform(static_cast<IPlaced&>(*this));
-    std::vector<IPlaced*> companions;
-    Companions(companions);
-    for (IPlaced* companion : companions) {
-        const auto* track = dynamic_cast<const CNodeGleis*>(companion);
-        if (!track || !track->Selected())
-            transform(*companion);
-    }
+    if (bewegTeile_.Count() == 0 || !Anlage())
+        return;
+    std::vector<CNodeKollektor*> kollektors;
+    std::vector<CNodeGleis*> tracks;
+    Companions(CLayoutIndex(*Anlage()), kollektors, tracks);
+    std::sort(kollektors.begin(), kollektors.end());
+    kollektors.erase(std::unique(kollektors.begin(), kollektors.end()), kollektors.end());
+    std::sort(tracks.begin(), tracks.end());
+    tracks.erase(std::unique(tracks.begin(), tracks.end()), tracks.end());
+    for (CNodeKollektor* kollektor : kollektors)
+        transform(static_cast<IPlaced&>(*kollektor));
+    for (CNodeGleis* track : tracks)
+        if (!track->Selected())
+            transform(static_cast<IPlaced&>(*track));
 }
 
 void CNodeImmobilie::Move(double dx, double dy, double dz) {

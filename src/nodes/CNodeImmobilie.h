@@ -15,7 +15,9 @@
 
 namespace kavrin {
 
+class CLayoutIndex;
 class CNodeBewegTeil;
+class CNodeGleis;
 class CNodeKollektor;
 
 // "Immobile" (spelled so in the file): one building or scenery object of a collection, with its
@@ -89,8 +91,9 @@ public:
     // Whether a moving part carries tracks (its collector lists at least one).
     bool hasBewegtesGleis() const;
     // What moves along with the object: the collectors of its moving parts and the tracks they
-    // list (selected or not), each once.
-    void Companions(std::vector<IPlaced*>& list) const;
+    // list (selected or not), appended to the lists (one that two parts share, twice).
+    void Companions(const CLayoutIndex& index, std::vector<CNodeKollektor*>& kollektors,
+                    std::vector<CNodeGleis*>& tracks) const;
 
 protected:
     // Moving parts first, then the frame, then the kept children, unless the file had them

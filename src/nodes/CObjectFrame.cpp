@@ -91,19 +91,19 @@ void CObjectFrame::CopyFrom(const CObjectFrame& source, INode* owner) {
 CPlacement CObjectFrame::Placement(bool turning) const {
     CPlacement placement;
     placement.pos = frame_.Pos();
+    placement.turning = turning;
     if (turning)
-        placement.axes = std::make_unique<std::array<CVector, 3>>(
-            std::array<CVector, 3>{frame_.Dir(), frame_.Nor(), frame_.Bin()});
+        placement.axes = {frame_.Dir(), frame_.Nor(), frame_.Bin()};
     return placement;
 }
 
 void CObjectFrame::SetPlacement(const CPlacement& placement) {
     frame_.Pos() = placement.pos;
-    if (!placement.axes)
+    if (!placement.turning)
         return;
-    frame_.Dir() = (*placement.axes)[0];
-    frame_.Nor() = (*placement.axes)[1];
-    frame_.Bin() = (*placement.axes)[2];
+    frame_.Dir() = placement.axes[0];
+    frame_.Nor() = placement.axes[1];
+    frame_.Bin() = placement.axes[2];
 }
 
 } // namespace kavrin

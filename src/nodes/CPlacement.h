@@ -13,7 +13,7 @@ namespace kavrin {
 // What moving or turning an object changes, taken before the edit so that undo puts it back
 // exactly (no arithmetic backwards): the frame's position, its three direction vectors when the
 // edit turns the object, and whatever text the object keeps for its frame as read. A move
-// changes only the position, so a moved object costs a position and nothing more.
+// changes only the position, so a record of many moved objects keeps only their positions.
 class CPlacement {
 public:
     // Text kept for a track frame of the newer format: the element as read and the attribute
@@ -25,8 +25,9 @@ public:
 
     // Position (for a track of the newer format: its outer Frame's position in metres).
     CVector pos;
-    // Dir, Nor and Bin (the newer format's three axes); only when the edit turns the object.
-    std::unique_ptr<std::array<CVector, 3>> axes;
+    // Dir, Nor and Bin (the newer format's three axes); they hold values only for a turn.
+    std::array<CVector, 3> axes;
+    bool turning = false;
     std::unique_ptr<KeptText> kept;
 };
 

@@ -125,28 +125,26 @@ void CPlanObjects::SelectInRect(CSelection& selection, const CRect& world, int m
     });
 }
 
+bool CPlanObjects::Near(IPaint& object, double x, double y, double pixelSize, double tolerancePx, int mode) {
+    if (!object.Consider(mode))
+        return false;
+    const double markReach = (kMarkHalfPx + tolerancePx) * pixelSize;
+    switch (object.PaintKind()) {
+    case IPaint::Kind::Gleis:
+        return TrackNear(static_cast<CNodeGleis&>(object), x, y, tolerancePx * pixelSize);
+    case IPaint::Kind::Immobilie:
+        return MarkNear(static_cast<CNodeImmobilie&>(object).DreiBein(), x, y, markReach);
+    case IPaint::Kind::Good:
+        return MarkNear(static_cast<CNodeGood&>(object).DreiBein(), x, y, markReach);
+    default:
+        return false;
+    }
+}
+
 IPaint* CPlanObjects::Pick(double x, double y, double pixelSize, double tolerancePx, int mode) const {
     IPaint* topmost = nullptr;
-    const double reach = tolerancePx * pixelSize;
-    const double markReach = (kMarkHalfPx + tolerancePx) * pixelSize;
     ForEach([&](IPaint& object) {
-        if (!object.Consider(mode))
-            return;
-        bool near = false;
-        switch (object.PaintKind()) {
-        case IPaint::Kind::Gleis:
-            near = TrackNear(static_cast<CNodeGleis&>(object), x, y, reach);
-            break;
-        case IPaint::Kind::Immobilie:
-            near = MarkNear(static_cast<CNodeImmobilie&>(object).DreiBein(), x, y, markReach);
-            break;
-        case IPaint::Kind::Good:
-            near = MarkNear(static_cast<CNodeGood&>(object).DreiBein(), x, y, markReach);
-            break;
-        default:
-            break;
-        }
-        if (near)
+        if (Near(object, x, y, pixelSize, tolerancePx, mode))
             topmost = &object;
     });
     return topmost;

@@ -31,6 +31,8 @@ public:
     // The topmost object under a point: a track whose centre line passes within `tolerancePx`
     // pixels, a building or good whose mark does. Null when there is none.
     IPaint* Pick(double x, double y, double pixelSize, double tolerancePx, int mode) const;
+    // The test of Pick for one object (considered by `mode` and under the point).
+    static bool Near(IPaint& object, double x, double y, double pixelSize, double tolerancePx, int mode);
 
 private:
     const CAnlage& anlage_;

@@ -1,14 +1,17 @@
 #include "plan/CSelection.h"
 
 #include <limits>
+#include <memory>
 #include <unordered_set>
 
 #include "core/CError.h"
 #include "core/modTools.h"
+#include "nodes/CLayoutIndex.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGood.h"
 #include "nodes/CNodeImmoSammlung.h"
 #include "nodes/CNodeImmobilie.h"
+#include "nodes/CNodeKollektor.h"
 #include "nodes/CTrackGeometry.h"
 #include "plan/CPaintTarget.h"
 #include "plan/CViewOptions.h"
@@ -155,22 +158,33 @@ void CSelection::Reserve(size_t count) {
     positions_.reserve(count);
 }
 
+// Companions are few (the collectors of moving parts and their tracks), so only they are
+// checked against each other; a companion track that is a member is the member's business.
 std::vector<IPlaced*> CSelection::PlacedObjects() const {
     std::vector<IPlaced*> placed;
     placed.reserve(static_cast<size_t>(count_));
-    std::vector<IPlaced*> companions;
+    std::vector<CNodeKollektor*> kollektors;
+    std::vector<CNodeGleis*> tracks;
+    std::unique_ptr<CLayoutIndex> index;
     for (IPaint& member : NewEnum()) {
         if (IPlaced* own = PlacedOf(member))
             placed.push_back(own);
-        if (member.PaintKind() == IPaint::Kind::Immobilie)
-            static_cast<CNodeImmobilie&>(member).Companions(companions);
+        if (member.PaintKind() != IPaint::Kind::Immobilie)
+            continue;
+        const auto& building = static_cast<const CNodeImmobilie&>(member);
+        if (building.BewegTeile().Count() == 0 || !building.Anlage())
+            continue;
+        if (!index)
+            index = std::make_unique<CLayoutIndex>(*building.Anlage());
+        building.Companions(*index, kollektors, tracks);
     }
-    if (companions.empty())
-        return placed;
-    std::unordered_set<IPlaced*> listed(placed.begin(), placed.end());
-    for (IPlaced* companion : companions)
-        if (listed.insert(companion).second)
-            placed.push_back(companion);
+    std::unordered_set<const IPlaced*> listed;
+    for (CNodeKollektor* kollektor : kollektors)
+        if (listed.insert(kollektor).second)
+            placed.push_back(kollektor);
+    for (CNodeGleis* track : tracks)
+        if (!track->Selected() && listed.insert(track).second)
+            placed.push_back(track);
     return placed;
 }
 

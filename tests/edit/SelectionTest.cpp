@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <filesystem>
+#include <random>
 
 #include "EditLayouts.h"
 #include "nodes/CNodeGleis.h"
@@ -9,6 +11,7 @@
 #include "nodes/LayoutLookup.h"
 #include "plan/CGleisIdList.h"
 #include "plan/CPlanObjects.h"
+#include "plan/CPlanPicker.h"
 #include "plan/CSelection.h"
 #include "plan/CViewOptions.h"
 
@@ -197,6 +200,52 @@ TEST_F(SelectionTest, InvertRubberBandAndPick) {
     EXPECT_EQ(objects.Pick(200, -190, pixel, 4, 2), &TheGood());
     // Mode 0 considers only what the last paint drew: nothing has been drawn.
     EXPECT_EQ(objects.Pick(700, 30, pixel, 4, 0), nullptr);
+}
+
+// The picker's grid gives the answer of the plain walk, on every sample, also after the objects
+// moved (once it is told).
+TEST(PlanPicker, AnswersAsThePlainPickDoes) {
+    test::RecordingScope scope;
+    for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
+        if (entry.path().extension() != ".anl3")
+            continue;
+        SCOPED_TRACE(entry.path().filename().string());
+        CAnlage anlage;
+        ASSERT_TRUE(anlage.Load(entry.path().string()));
+        CViewOptions options;
+        CPlanObjects objects(anlage, options);
+        CPlanPicker picker(anlage);
+        // Points near objects: their positions and track starts, a little off.
+        std::vector<std::pair<double, double>> points;
+        objects.ForEach([&points](IPaint& object) {
+            double length = 0;
+            CVector at = object.PaintKind() == IPaint::Kind::Gleis
+                             ? static_cast<CNodeGleis&>(object).Anchor(length)
+                         : object.PaintKind() == IPaint::Kind::Immobilie
+                             ? static_cast<CNodeImmobilie&>(object).DreiBein().Pos()
+                             : static_cast<CNodeGood&>(object).DreiBein().Pos();
+            points.emplace_back(at.X + length / 2, at.Y + 3);
+        });
+        std::mt19937 random(3);
+        std::uniform_int_distribution<size_t> pick(0, points.size() - 1);
+        std::uniform_real_distribution<double> off(-300, 300);
+        int hits = 0;
+        for (int round = 0; round < 2; ++round) {
+            for (int i = 0; i < 400; ++i) {
+                auto [x, y] = points[pick(random)];
+                x += off(random), y += off(random);
+                IPaint* expected = objects.Pick(x, y, 20, 4, 1);
+                ASSERT_EQ(picker.Pick(x, y, 20, 4, 1), expected) << x << " " << y;
+                hits += expected != nullptr;
+            }
+            CSelection selection;
+            objects.SelectAll(selection, 1);
+            selection.Move(1234, -567, 0);
+            selection.Clear();
+            picker.Invalidate();
+        }
+        EXPECT_GT(hits, 40);
+    }
 }
 
 TEST(GleisIdList, ParsesIdsAndRangesAndRefusesTheRest) {

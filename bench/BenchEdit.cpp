@@ -1,0 +1,161 @@
+// Selecting and editing a large layout with the editor's own code: select all, move and rotate
+// everything (one undo step each) and undo that, and the click pick of the pointer tool.
+// Usage: kavrin-bench-edit FILE.anl3 [benchmark options]
+// A layout of the target size: kavrin-gen --tracks 100000 --buildings 100000 [--format new] -o big.anl3
+#include <benchmark/benchmark.h>
+
+#include <iostream>
+#include <random>
+
+#include "document/CAnlage.h"
+#include "document/CRecordingUserInterface.h"
+#include "edit/CEditHistory.h"
+#include "edit/CSelectionEdit.h"
+#include "plan/CPlanObjects.h"
+#include "plan/CPlanPainter.h"
+#include "plan/CPlanPicker.h"
+#include "plan/CPlanView.h"
+#include "plan/CSelection.h"
+#include "plan/CViewOptions.h"
+#include "plan/Canvas.h"
+
+namespace {
+
+constexpr int kWidth = 1920;
+constexpr int kHeight = 1080;
+kavrin::CAnlage* gAnlage = nullptr;
+const kavrin::CViewOptions gOptions;
+
+// Draws nothing: a drawing only has to tell every node that it is on the plan.
+class NullCanvas : public kavrin::Canvas {
+public:
+    int PixelWidth() const override { return kWidth; }
+    int PixelHeight() const override { return kHeight; }
+    void SetView(double, double, double, double) override {}
+    void Clear(uint32_t) override {}
+    void SetPen(uint32_t, double) override {}
+    void Line(double, double, double, double) override {}
+    void Polyline(const double*, const double*, int) override {}
+    void Circle(double, double, double, bool) override {}
+    void Square(double, double, double, bool) override {}
+    void Triangle(double, double, double, double, double, bool) override {}
+    void Text(double, double, std::string_view, uint32_t, int, int) override {}
+    void StretchImage(const kavrin::CPlanImage&, const kavrin::CRect&) override {}
+};
+
+void SelectAll(benchmark::State& state) {
+    kavrin::CSelection selection;
+    kavrin::CPlanObjects objects(*gAnlage, gOptions);
+    for (auto _ : state) {
+        objects.SelectAll(selection, 2);
+        state.PauseTiming();
+        state.counters["objects"] = selection.Count();
+        selection.Clear();
+        state.ResumeTiming();
+    }
+}
+
+// One step of the history per iteration: the edit is timed, its undo is not (and the other way
+// round for the undo benchmarks).
+template <bool Rotating, bool TimeUndo> void EditAll(benchmark::State& state) {
+    kavrin::CSelection selection;
+    kavrin::CEditHistory history(*gAnlage);
+    kavrin::CSelectionEdit edit(selection, history);
+    kavrin::CPlanObjects(*gAnlage, gOptions).SelectAll(selection, 2);
+    for (auto _ : state) {
+        if (TimeUndo)
+            state.PauseTiming();
+        if (Rotating)
+            edit.Rotate(12.5, 1000, -2000);
+        else
+            edit.Move(150, -250, 10);
+        if (TimeUndo)
+            state.ResumeTiming();
+        else
+            state.PauseTiming();
+        history.Undo();
+        if (!TimeUndo)
+            state.ResumeTiming();
+    }
+    state.counters["objects"] = selection.Count();
+    selection.Clear();
+}
+
+void MoveAll(benchmark::State& state) {
+    EditAll<false, false>(state);
+}
+void UndoMoveAll(benchmark::State& state) {
+    EditAll<false, true>(state);
+}
+void RotateAll(benchmark::State& state) {
+    EditAll<true, false>(state);
+}
+void UndoRotateAll(benchmark::State& state) {
+    EditAll<true, true>(state);
+}
+
+// The whole layout at the first zoom step, drawn once, so that every node knows it is shown.
+kavrin::CPlanView DrawnView() {
+    kavrin::CPlanView view;
+    kavrin::CPlanPainter::InitView(view, *gAnlage);
+    view.World();
+    NullCanvas canvas;
+    kavrin::CPlanPainter(*gAnlage, view, gOptions).DrawAll(canvas);
+    return view;
+}
+
+// A click anywhere on the plan; the picker's grid is built before (see PickerBuild).
+void ClickPick(benchmark::State& state) {
+    kavrin::CPlanView view = DrawnView();
+    kavrin::CPlanPicker picker(*gAnlage);
+    picker.Pick(0, 0, view.PixelSize(), 4, 0);
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> px(0, kWidth), py(0, kHeight);
+    int hits = 0;
+    for (auto _ : state) {
+        double x = view.ToWorldX(px(random)), y = view.ToWorldY(py(random));
+        hits += picker.Pick(x, y, view.PixelSize(), 4, 0) != nullptr;
+    }
+    state.counters["hits"] = hits;
+}
+
+// The first click after an edit: the grid is built anew.
+void PickerBuild(benchmark::State& state) {
+    kavrin::CPlanView view = DrawnView();
+    kavrin::CPlanPicker picker(*gAnlage);
+    for (auto _ : state) {
+        picker.Invalidate();
+        benchmark::DoNotOptimize(picker.Pick(0, 0, view.PixelSize(), 4, 0));
+    }
+}
+
+} // namespace
+
+BENCHMARK(SelectAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(MoveAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(UndoMoveAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(RotateAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(UndoRotateAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(ClickPick)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PickerBuild)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::cerr << "Aufruf: kavrin-bench-edit DATEI.anl3 [Benchmark-Optionen]\n";
+        return 2;
+    }
+    kavrin::CRecordingUserInterface ui;
+    kavrin::SetUI(&ui);
+    kavrin::CAnlage anlage;
+    if (!anlage.Load(argv[1])) {
+        std::cerr << "Die Anlage wurde nicht geladen.\n";
+        return 1;
+    }
+    gAnlage = &anlage;
+    argv[1] = argv[0];
+    benchmark::Initialize(&--argc, ++argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    kavrin::SetUI(nullptr);
+    return 0;
+}
