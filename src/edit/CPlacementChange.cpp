@@ -20,11 +20,11 @@ void CPlacementChange::Redo() {
     before_.reserve(objects_.size() * (turning ? 4 : 1));
     kept_.clear();
     for (size_t i = 0; i < objects_.size(); ++i) {
-        CPlacement placement = objects_[i]->Placement(turning);
+        CPlacement placement = objects_[i]->TakePlacement(turning);
         before_.push_back(placement.pos);
         if (turning)
             before_.insert(before_.end(), placement.axes.begin(), placement.axes.end());
-        if (placement.kept)
+        if (!placement.kept.Empty())
             kept_.emplace_back(i, std::move(placement.kept));
     }
     ApplyTransform();
@@ -52,7 +52,7 @@ void CPlacementChange::Undo() {
             placement.axes = {values[1], values[2], values[3]};
         if (nextKept < kept_.size() && kept_[nextKept].first == i)
             placement.kept = std::move(kept_[nextKept++].second);
-        objects_[i]->SetPlacement(placement);
+        objects_[i]->SetPlacement(std::move(placement));
     }
     // Redo takes them anew; until then the step holds nothing.
     before_.clear();

@@ -38,7 +38,7 @@ private:
     // The placements before, flat: one position per object for a move, position and three
     // axes for a turn; the few texts kept by number of the object.
     std::vector<CVector> before_;
-    std::vector<std::pair<size_t, std::unique_ptr<CPlacement::KeptText>>> kept_;
+    std::vector<std::pair<size_t, CPlacement::KeptText>> kept_;
     Transform transform_;
 };
 

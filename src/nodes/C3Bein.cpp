@@ -24,9 +24,11 @@ void C3Bein::Move(double dx, double dy, double dz) {
 }
 
 void C3Bein::Rotate(double angle, double cx, double cy) {
+    double c = 0, s = 0;
+    CVector::TurnFactors(angle, c, s);
     Move(-cx, -cy, 0);
     for (CVector& vector : Vectors())
-        vector.Rotate(angle);
+        vector.Rotate(c, s);
     Move(cx, cy, 0);
 }
 

@@ -446,7 +446,7 @@ void CNodeGleis::UpdateKeptFrame() {
         SetCoordinates(*elements[i], i == 0 ? position : vector, i == 0 ? frame.position : frame.axes[i - 1]);
 }
 
-CPlacement CNodeGleis::Placement(bool turning) const {
+CPlacement CNodeGleis::TakePlacement(bool turning) {
     if (!curve_)
         return frame_.Placement(turning);
     const CTrackCurve::Frame& frame = curve_->GetFrame();
@@ -455,16 +455,13 @@ CPlacement CNodeGleis::Placement(bool turning) const {
     placement.turning = turning;
     if (turning)
         placement.axes = frame.axes;
-    if (!curve_->FrameText().empty() || keptFrame_) {
-        placement.kept = std::make_unique<CPlacement::KeptText>();
-        placement.kept->frame = curve_->FrameText();
-        for (const INode* element : KeptFrameElements())
-            placement.kept->attributes.push_back(element->Attributes());
-    }
+    placement.kept.frame = curve_->TakeFrameText();
+    for (const INode* element : KeptFrameElements())
+        placement.kept.attributes.push_back(element->Attributes());
     return placement;
 }
 
-void CNodeGleis::SetPlacement(const CPlacement& placement) {
+void CNodeGleis::SetPlacement(CPlacement&& placement) {
     if (!curve_) {
         frame_.SetPlacement(placement);
         ForgetGeometry();
@@ -474,12 +471,10 @@ void CNodeGleis::SetPlacement(const CPlacement& placement) {
     frame.position = placement.pos;
     if (placement.turning)
         frame.axes = placement.axes;
-    curve_->SetFrame(frame, placement.kept ? placement.kept->frame : std::string());
-    if (placement.kept) {
-        std::vector<INode*> elements = KeptFrameElements();
-        for (size_t i = 0; i < elements.size() && i < placement.kept->attributes.size(); ++i)
-            elements[i]->Attributes() = placement.kept->attributes[i];
-    }
+    curve_->SetFrame(frame, std::move(placement.kept.frame));
+    std::vector<INode*> elements = KeptFrameElements();
+    for (size_t i = 0; i < elements.size() && i < placement.kept.attributes.size(); ++i)
+        elements[i]->Attributes() = std::move(placement.kept.attributes[i]);
     ForgetGeometry();
 }
 

@@ -110,8 +110,8 @@ public:
     // (with the text kept for it).
     void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void RotateFrame(double angle, double cx, double cy) override { Rotate(angle, cx, cy); }
-    CPlacement Placement(bool turning) const override;
-    void SetPlacement(const CPlacement& placement) override;
+    CPlacement TakePlacement(bool turning) override;
+    void SetPlacement(CPlacement&& placement) override;
 
     // Start point and length without building the whole geometry: the frame for classic
     // tracks, a cached value for the newer format, whose geometry takes reading elements.

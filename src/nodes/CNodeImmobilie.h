@@ -73,8 +73,8 @@ public:
         frame_.Rotate(angle, cx, cy);
         ForgetAnchor();
     }
-    CPlacement Placement(bool turning) const override { return frame_.Placement(turning); }
-    void SetPlacement(const CPlacement& placement) override {
+    CPlacement TakePlacement(bool turning) override { return frame_.Placement(turning); }
+    void SetPlacement(CPlacement&& placement) override {
         frame_.SetPlacement(placement);
         ForgetAnchor();
     }

@@ -41,8 +41,8 @@ public:
 
     void MoveFrame(double dx, double dy, double dz) override { Move(dx, dy, dz); }
     void RotateFrame(double angle, double cx, double cy) override { Rotate(angle, cx, cy); }
-    CPlacement Placement(bool turning) const override { return frame_.Placement(turning); }
-    void SetPlacement(const CPlacement& placement) override { frame_.SetPlacement(placement); }
+    CPlacement TakePlacement(bool turning) override { return frame_.Placement(turning); }
+    void SetPlacement(CPlacement&& placement) override { frame_.SetPlacement(placement); }
     const std::vector<CKollektorGleis>& Gleise() const { return gleise_; }
 
 protected:

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,6 +20,7 @@ public:
     struct KeptText {
         std::string frame;
         std::vector<CDictionary> attributes;
+        bool Empty() const { return frame.empty() && attributes.empty(); }
     };
 
     // Position (for a track of the newer format: its outer Frame's position in metres).
@@ -28,7 +28,8 @@ public:
     // Dir, Nor and Bin (the newer format's three axes); they hold values only for a turn.
     std::array<CVector, 3> axes;
     bool turning = false;
-    std::unique_ptr<KeptText> kept;
+    // Empty (no text kept) for most objects; then nothing is allocated for it.
+    KeptText kept;
 };
 
 } // namespace kavrin

@@ -230,6 +230,12 @@ void CTrackCurve::Write(CXmlWriter& writer, Part part) const {
     writer.EndElement();
 }
 
+std::string CTrackCurve::TakeFrameText() {
+    std::string text = std::move(frameText_);
+    frameText_.clear();
+    return text;
+}
+
 void CTrackCurve::SetFrame(const Frame& frame, std::string frameText) {
     frame_ = frame;
     frameText_ = std::move(frameText);
@@ -242,10 +248,12 @@ void CTrackCurve::Move(double dx, double dy, double dz) {
 }
 
 void CTrackCurve::Rotate(double angle, double cx, double cy) {
+    double c = 0, s = 0;
+    CVector::TurnFactors(angle, c, s);
     frame_.position.Move(-cx / 100, -cy / 100, 0);
-    frame_.position.Rotate(angle);
+    frame_.position.Rotate(c, s);
     for (CVector& axis : frame_.axes)
-        axis.Rotate(angle);
+        axis.Rotate(c, s);
     frame_.position.Move(cx / 100, cy / 100, 0);
     frameText_.clear();
 }

@@ -48,6 +48,8 @@ public:
     // A frame element the track keeps as a node shows the values of this one.
     void SetFrame(const Frame& frame, std::string frameText);
     const std::string& FrameText() const { return frameText_; }
+    // The frame text handed out, for an edit that is about to write the frame anew anyway.
+    std::string TakeFrameText();
     // In world units (cm) and degrees, as every placed object moves.
     void Move(double dx, double dy, double dz);
     void Rotate(double angle, double cx, double cy);

@@ -11,9 +11,18 @@ void CVector::Move(double dx, double dy, double dz) {
 }
 
 void CVector::Rotate(double angle) {
+    double c = 0, s = 0;
+    TurnFactors(angle, c, s);
+    Rotate(c, s);
+}
+
+void CVector::TurnFactors(double angle, double& cosine, double& sine) {
     double r = angle / 180 * kPi;
-    double c = std::cos(r);
-    double s = std::sin(r);
+    cosine = std::cos(r);
+    sine = std::sin(r);
+}
+
+void CVector::Rotate(double c, double s) {
     double x = X;
     double y = Y;
     X = c * x - s * y;

@@ -11,6 +11,10 @@ public:
     void Move(double dx, double dy, double dz);
     // Counter-clockwise about the z axis through the origin, in degrees.
     void Rotate(double angle);
+    // The same with the cosine and sine of the angle worked out once (TurnFactors), for turning
+    // several vectors by one angle.
+    static void TurnFactors(double angle, double& cosine, double& sine);
+    void Rotate(double cosine, double sine);
     void Copy(const CVector& source);
 
     double X = 0;

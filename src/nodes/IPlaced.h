@@ -15,9 +15,11 @@ public:
     virtual void MoveFrame(double dx, double dy, double dz) = 0;
     // By angle degrees counter-clockwise about the vertical through (cx, cy).
     virtual void RotateFrame(double angle, double cx, double cy) = 0;
-    // What a move (turning false) or a turn would change, for SetPlacement to put back.
-    virtual CPlacement Placement(bool turning) const = 0;
-    virtual void SetPlacement(const CPlacement& placement) = 0;
+    // What a move (turning false) or a turn is about to change, for SetPlacement to put back.
+    // Text the object keeps for its frame is handed over, not copied: the move or turn that
+    // follows writes the frame anew anyway.
+    virtual CPlacement TakePlacement(bool turning) = 0;
+    virtual void SetPlacement(CPlacement&& placement) = 0;
 };
 
 } // namespace kavrin
