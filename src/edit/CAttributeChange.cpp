@@ -26,11 +26,9 @@ void CAttributeChange::Apply(const std::optional<std::string>& text) {
         node_.Attributes().Delete(key);
         return;
     }
-    std::string kept = node_.CheckAttribute(name_, *text);
-    if (std::string* value = node_.Attributes().Item(key))
-        *value = std::move(kept);
-    else
-        node_.Attributes().Add(key, std::move(kept));
+    std::string_view kept = node_.CheckAttribute(name_, *text);
+    if (!node_.Attributes().Set(key, kept))
+        node_.Attributes().Add(key, kept);
 }
 
 } // namespace kavrin

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "../plan/RecordingCanvas.h"
 #include "EditLayouts.h"
 #include "edit/CEditHistory.h"
 #include "edit/CSelectionEdit.h"
@@ -14,6 +15,8 @@
 #include "nodes/CTrackGeometry.h"
 #include "nodes/LayoutLookup.h"
 #include "plan/CPlanObjects.h"
+#include "plan/CPlanPainter.h"
+#include "plan/CPlanView.h"
 #include "plan/CSelection.h"
 #include "plan/CViewOptions.h"
 
@@ -238,6 +241,44 @@ TEST_F(MoveRotate, DegenerateFramesMoveAndTurnWithoutNaN) {
     for (const CVector* v : {&frame.Pos(), &frame.Dir(), &frame.Nor(), &frame.Bin()})
         EXPECT_TRUE(std::isfinite(v->X) && std::isfinite(v->Y) && std::isfinite(v->Z));
     EXPECT_EQ(Save().find("nan"), std::string::npos);
+}
+
+// The plan keeps where each object stands for its culling: after a move, and after its undo,
+// it is drawn where it is now.
+TEST_F(MoveRotate, WhatMovedIsDrawnWhereItStandsNow) {
+    ASSERT_TRUE(LoadInner("<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\">" +
+                          test::ClassicTrack(1, 100, 0, 1000) + test::NewerTrack(2, 1, 2, 10) +
+                          "</Gleissystem><Gebaeudesammlung GebaudesammlungID=\"4\">" +
+                          test::Building("Haus", 100, 0) + "</Gebaeudesammlung>"));
+    CPlanView view;
+    ASSERT_TRUE(CPlanPainter::InitView(view, anlage));
+    view.World();
+    CPlanPainter painter(anlage, view, options);
+    auto drawn = [&] {
+        test::RecordingCanvas canvas;
+        EXPECT_TRUE(painter.DrawAll(canvas));
+        std::vector<std::pair<double, double>> at;
+        for (const auto* call : canvas.Of("Square"))
+            at.emplace_back(call->xs[0], call->ys[0]);
+        for (const auto* kind : {"Line", "Polyline"})
+            for (const auto* call : canvas.Of(kind))
+                at.emplace_back(call->xs[0], call->ys[0]);
+        return at;
+    };
+    const auto before = drawn();
+    ASSERT_GE(before.size(), 3u); // the building's square and stroke, the two centre lines
+    SelectAll();
+    CEditHistory history(anlage);
+    CSelectionEdit edit(selection, history);
+    ASSERT_TRUE(edit.Move(500, 700, 0));
+    const auto moved = drawn();
+    ASSERT_EQ(moved.size(), before.size());
+    for (size_t i = 0; i < before.size(); ++i) {
+        EXPECT_NEAR(moved[i].first, before[i].first + 500, 1e-6);
+        EXPECT_NEAR(moved[i].second, before[i].second + 700, 1e-6);
+    }
+    ASSERT_TRUE(history.Undo());
+    EXPECT_EQ(drawn(), before);
 }
 
 TEST(SelectionEditValues, RefusedUnlessFiniteAndWithinTheLimits) {
