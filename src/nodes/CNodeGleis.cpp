@@ -401,7 +401,7 @@ void CNodeGleis::MovePos(double dx, double dy, double dz) {
     } else {
         DreiBein().Move(dx, dy, dz);
     }
-    ForgetGeometry();
+    CarryGeometry([dx, dy, dz](CVector& point) { point.Move(dx, dy, dz); });
 }
 
 void CNodeGleis::Rotate(double angle, double cx, double cy) {
@@ -411,7 +411,33 @@ void CNodeGleis::Rotate(double angle, double cx, double cy) {
     } else {
         DreiBein().Rotate(angle, cx, cy);
     }
-    ForgetGeometry();
+    double c = 0, s = 0;
+    CVector::TurnFactors(angle, c, s);
+    CarryGeometry([cx, cy, c, s](CVector& point) {
+        point.Move(-cx, -cy, 0);
+        point.Rotate(c, s);
+        point.Move(cx, cy, 0);
+    });
+}
+
+// A move or turn keeps the piece's shape: the start and centre line worked out for the newer
+// format go along with it (they only cull and draw), so that a large edit is not followed by a
+// drawing that builds every piece's geometry anew.
+template <typename Transform> void CNodeGleis::CarryGeometry(Transform transform) {
+    if (!curve_) {
+        MoveAnchor(DreiBein().Pos(), laenge_);
+        return;
+    }
+    if (anchorLength_ < 0) {
+        ForgetGeometry();
+        return;
+    }
+    transform(anchorStart_);
+    if (polyline_)
+        for (CVector& point : polyline_->points)
+            transform(point);
+    if (AnchorKnown())
+        SetAnchor(anchorStart_.X, anchorStart_.Y, anchorStart_.Z, anchorLength_);
 }
 
 namespace {
@@ -458,13 +484,19 @@ CPlacement CNodeGleis::TakePlacement(bool turning) {
     placement.kept.frame = curve_->TakeFrameText();
     for (const INode* element : KeptFrameElements())
         placement.kept.attributes.push_back(element->Attributes());
+    if (anchorLength_ >= 0) {
+        placement.kept.startKnown = true;
+        placement.kept.start = anchorStart_;
+        placement.kept.length = anchorLength_;
+        placement.kept.curvature = anchorCurvature_;
+    }
     return placement;
 }
 
 void CNodeGleis::SetPlacement(CPlacement&& placement) {
     if (!curve_) {
         frame_.SetPlacement(placement);
-        ForgetGeometry();
+        MoveAnchor(DreiBein().Pos(), laenge_);
         return;
     }
     CTrackCurve::Frame frame = curve_->GetFrame();
@@ -475,7 +507,16 @@ void CNodeGleis::SetPlacement(CPlacement&& placement) {
     std::vector<INode*> elements = KeptFrameElements();
     for (size_t i = 0; i < elements.size() && i < placement.kept.attributes.size(); ++i)
         elements[i]->Attributes() = std::move(placement.kept.attributes[i]);
+    const bool anchored = AnchorKnown();
     ForgetGeometry();
+    if (!placement.kept.startKnown)
+        return;
+    // Worked out from exactly these values before the edit: still right.
+    anchorStart_ = placement.kept.start;
+    anchorLength_ = placement.kept.length;
+    anchorCurvature_ = placement.kept.curvature;
+    if (anchored)
+        SetAnchor(anchorStart_.X, anchorStart_.Y, anchorStart_.Z, anchorLength_);
 }
 
 void CNodeGleis::ForgetGeometry() {

@@ -133,6 +133,7 @@ private:
     // A frame the curve could not take stays a node; its numbers follow the track's.
     void UpdateKeptFrame();
     void ForgetGeometry();
+    template <typename Transform> void CarryGeometry(Transform transform);
     // The newer format's centre line for the target, sampled anew only when its step changes.
     const std::vector<CVector>& CachedPolyline(const CPaintTarget& target);
     void PaintSignals(CPaintTarget& target, const CTrackGeometry& geometry);

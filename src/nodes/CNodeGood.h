@@ -26,7 +26,7 @@ public:
     bool HasFrame() const { return frame_.Present(); }
     void MovePos(double dx, double dy, double dz = 0) {
         frame_.MovePos(dx, dy, dz);
-        ForgetAnchor();
+        MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
 
     // On the plan: a small circle at its position, its model's name with WithNames.
@@ -35,7 +35,7 @@ public:
     void Move(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void Rotate(double angle, double cx, double cy) override {
         frame_.Rotate(angle, cx, cy);
-        ForgetAnchor();
+        MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
     Kind PaintKind() const override { return Kind::Good; }
 
@@ -44,7 +44,7 @@ public:
     CPlacement TakePlacement(bool turning) override { return frame_.Placement(turning); }
     void SetPlacement(CPlacement&& placement) override {
         frame_.SetPlacement(placement);
-        ForgetAnchor();
+        MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
 
 protected:

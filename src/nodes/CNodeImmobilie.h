@@ -51,7 +51,7 @@ public:
     bool HasFrame() const { return frame_.Present(); }
     void MovePos(double dx, double dy, double dz = 0) {
         frame_.MovePos(dx, dy, dz);
-        ForgetAnchor();
+        MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
 
     // A track-accompanying object: one that stands in the collection 1, 2, 3 or 6.
@@ -71,12 +71,12 @@ public:
     void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void RotateFrame(double angle, double cx, double cy) override {
         frame_.Rotate(angle, cx, cy);
-        ForgetAnchor();
+        MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
     CPlacement TakePlacement(bool turning) override { return frame_.Placement(turning); }
     void SetPlacement(CPlacement&& placement) override {
         frame_.SetPlacement(placement);
-        ForgetAnchor();
+        MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
 
     // Collectors, looked up in the layout by their ids. The list the object holds is filled by

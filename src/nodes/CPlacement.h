@@ -15,12 +15,17 @@ namespace kavrin {
 // changes only the position, so a record of many moved objects keeps only their positions.
 class CPlacement {
 public:
-    // Text kept for a track frame of the newer format: the element as read and the attribute
-    // stores of a frame kept as a node (empty when the frame is written anew anyway).
+    // What a track of the newer format keeps besides its numbers: the frame element as read
+    // and the attribute stores of a frame kept as a node (empty when the frame is written anew
+    // anyway), and the start and length worked out for the plan, so that they need not be
+    // worked out again after an undo.
     struct KeptText {
         std::string frame;
         std::vector<CDictionary> attributes;
-        bool Empty() const { return frame.empty() && attributes.empty(); }
+        bool startKnown = false;
+        CVector start;
+        double length = 0, curvature = 0;
+        bool Empty() const { return frame.empty() && attributes.empty() && !startKnown; }
     };
 
     // Position (for a track of the newer format: its outer Frame's position in metres).

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "nodes/CVector.h"
 #include "plan/CPaintTarget.h"
 #include "plan/IPaint.h"
 
@@ -42,6 +43,12 @@ protected:
         anchorX_ = x, anchorY_ = y, anchorZ_ = z, anchorReach_ = reach, anchorKnown_ = true;
     }
     void ForgetAnchor() { anchorKnown_ = false; }
+    // The object was moved or turned and now stands at `start`: a known anchor goes along, so
+    // that a large edit does not make the next drawing look at every object's frame again.
+    void MoveAnchor(const CVector& start, double reach) {
+        if (anchorKnown_)
+            SetAnchor(start.X, start.Y, start.Z, reach);
+    }
     // The start of Paint from the anchor; (x, y) then hold the offset position.
     bool PaintPrologueAtAnchor(CPaintTarget& target, double& x, double& y) {
         x = anchorX_, y = anchorY_;
