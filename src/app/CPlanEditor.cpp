@@ -422,7 +422,7 @@ bool CPlanEditor::RotCenterShown() const {
 }
 
 void CPlanEditor::SelectFound(IPaint* node) {
-    if (!node || node->PaintKind() == IPaint::Kind::Other || !node->Consider(kVisibleMode))
+    if (!node || !node->Consider(kVisibleMode) || !CPlanObjects(window_.Anlage(), options_).Holds(*node))
         return;
     selection_.Clear();
     selection_.Add(*node);

@@ -14,6 +14,7 @@
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/CObjectTexte.h"
 #include "nodes/LayoutLookup.h"
+#include "plan/CViewOptions.h"
 
 namespace kavrin {
 
@@ -23,8 +24,9 @@ FSelGleisId::FSelGleisId(const CAnlage& anlage, QWidget* parent) : QDialog(paren
 
     cbSystem_ = new QComboBox(this);
     cbSystem_->setObjectName(QStringLiteral("cbSystem"));
+    // Only the track systems the plan draws: the others cannot be selected.
     for (const CNodeGleisSys* system : TrackSystems(anlage))
-        if (system->Gleise().Count() > 0)
+        if (system->Gleise().Count() > 0 && CViewOptions::TrackStyleOfSystem(system->Number()) > 0)
             cbSystem_->addItem(ToQt(FormatMessage("%1 (%2 Gleise)", CObjectTexte::GleisSystem(system->ID()),
                                                   WholeNumberText(system->Gleise().Count()))),
                                static_cast<int>(system->ID()));

@@ -96,6 +96,31 @@ void CPlanObjects::ForEach(const std::function<void(IPaint&)>& visit) const {
                     visit(*good);
 }
 
+bool CPlanObjects::Holds(const IPaint& object) const {
+    switch (object.PaintKind()) {
+    case IPaint::Kind::Gleis: {
+        const auto* system =
+            dynamic_cast<const CNodeGleisSys*>(static_cast<const CNodeGleis&>(object).Parent());
+        int style = system ? CViewOptions::TrackStyleOfSystem(system->Number()) : 0;
+        return style > 0 && options_.TrackVisible(style);
+    }
+    case IPaint::Kind::Immobilie: {
+        const auto* collection =
+            dynamic_cast<const CNodeImmoSammlung*>(static_cast<const CNodeImmobilie&>(object).Parent());
+        int id = collection ? collection->ID() : 0;
+        if (int style = CViewOptions::TrackStyleOfCollection(id); style > 0)
+            return options_.TrackVisible(style);
+        return id >= CViewOptions::kFirstImmoKind && id <= CViewOptions::kLastImmoKind &&
+               options_.ImmoVisible(id);
+    }
+    case IPaint::Kind::Good:
+        return options_.GoodsVisible() &&
+               dynamic_cast<const CNodeGoods*>(static_cast<const CNodeGood&>(object).Parent());
+    default:
+        return false;
+    }
+}
+
 void CPlanObjects::SelectAll(CSelection& selection, int mode) const {
     ForEach([&selection, mode](IPaint& object) {
         if (object.Consider(mode))

@@ -22,6 +22,8 @@ public:
     CPlanObjects(const CAnlage& anlage, const CViewOptions& options) : anlage_(anlage), options_(options) {}
 
     void ForEach(const std::function<void(IPaint&)>& visit) const;
+    // Whether the object is one of them (its kind is shown and is a kind of the plan).
+    bool Holds(const IPaint& object) const;
 
     void SelectAll(CSelection& selection, int mode) const;
     // Selected objects out, unselected ones in.

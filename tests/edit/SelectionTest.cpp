@@ -167,6 +167,11 @@ TEST_F(SelectionTest, SelectAllTakesTheShownKindsOfThePlanOnly) {
         EXPECT_EQ(selection.CountImmos(), c.buildings);
         EXPECT_EQ(selection.CountGoods(), c.goods);
         EXPECT_FALSE(Track(5, 1).Selected());
+        // Holds says the same of a single object.
+        CPlanObjects objects(anlage, options);
+        EXPECT_FALSE(objects.Holds(Track(5, 1)));
+        EXPECT_EQ(objects.Holds(Track(2, 1)), options.TrackVisible(1));
+        EXPECT_EQ(objects.Holds(TheGood()), c.goods > 0);
     }
 }
 
