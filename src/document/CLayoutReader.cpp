@@ -21,6 +21,9 @@ namespace {
 using Kind = CXmlScanner::Kind;
 
 constexpr std::string_view kPieceOpen = "<k>";
+// The depth of a piece's elements: the children of a chapter, itself a child of the document
+// element. (Pieces between chapters hold no elements.)
+constexpr int kPieceDepth = 2;
 constexpr std::string_view kPieceClose = "</k>";
 
 // Each piece's parser memory is freed and asked for again; while a layout is read, the heap
@@ -52,8 +55,21 @@ char* ParserBuffer(size_t size) {
 }
 } // namespace
 
-CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage& anlage)
+CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage& anlage) : CLayoutReader(bytes, &anlage) {}
+
+CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage* anlage)
     : bytes_(bytes), anlage_(anlage), scanner_(bytes.Data(), bytes.Size()) {}
+
+bool CLayoutReader::Check(CFileBytes& bytes, std::string& problem) {
+    CLayoutReader reader(bytes, nullptr);
+    std::unique_ptr<INode> root;
+    Result result = reader.Read(root);
+    if (result == Result::NotXml)
+        problem = FormatMessage("sie ist kein wohlgeformtes XML");
+    else if (result == Result::Failed)
+        problem = reader.problem_;
+    return result == Result::Ok;
+}
 
 CLayoutReader::Result CLayoutReader::Read(std::unique_ptr<INode>& root) {
     HeapKeptWhileReading heap;
@@ -112,9 +128,10 @@ bool CLayoutReader::ReadEpilog(size_t rootEnd, std::string_view rootName) {
     pugi::xml_document document;
     if (!document.load_buffer(outline.data(), outline.size(), kLayoutParseOptions, pugi::encoding_utf8))
         return false;
-    for (pugi::xml_node node : document.children())
-        if (node.type() == pugi::node_pi)
-            anlage_.AddProcInstr(node.name(), node.value());
+    if (anlage_)
+        for (pugi::xml_node node : document.children())
+            if (node.type() == pugi::node_pi)
+                anlage_->AddProcInstr(node.name(), node.value());
     return true;
 }
 
@@ -129,13 +146,22 @@ std::unique_ptr<INode> CLayoutReader::NodeOfStartTag(INode* parent, const Token&
     }
     pugi::xml_node element = document.document_element();
     std::unique_ptr<INode> node;
+    if (Checking()) {
+        if (pugi::xml_attribute repeated = RepeatedAttribute(element)) {
+            problem_ = RepeatedAttributeProblem(element, repeated);
+            result = Result::Failed;
+            return nullptr;
+        }
+        return std::make_unique<CNodeUnknown>();
+    }
+    DropRepeatedAttributes(element, anlage_);
     if (parent) {
         node = StartChildNode(*parent, element);
     } else {
         auto root = std::make_unique<CNodeRoot>();
         root->BeginReading();
         node = std::move(root);
-        node->SetAnlage(&anlage_);
+        node->SetAnlage(anlage_);
         node->SetName(element.name());
         if (!node->ParseAttributes(element))
             node.reset();
@@ -150,9 +176,11 @@ CLayoutReader::Result CLayoutReader::ReadRootContent(INode& root, const Token& r
     size_t pos = rootTag.end;
     while (true) {
         // Each chapter is a child of the document element like any other: one event round.
-        UI().ProcessPendingEvents();
-        if (UI().ParseLog().Cancelled())
-            return Result::Failed;
+        if (!Checking()) {
+            UI().ProcessPendingEvents();
+            if (UI().ParseLog().Cancelled())
+                return Result::Failed;
+        }
         Token token = scanner_.Next(pos);
         switch (token.kind) {
         case Kind::EndTag:
@@ -207,6 +235,8 @@ CLayoutReader::Result CLayoutReader::ReadChapter(INode& root, const Token& start
             return result;
         ok = result == Result::Ok;
     }
+    if (Checking())
+        return ok ? Result::Ok : Result::Failed;
     return FinishChildNode(root, std::move(chapter), ok) ? Result::Ok : Result::Failed;
 }
 
@@ -359,14 +389,46 @@ CLayoutReader::Result CLayoutReader::ReadPiece(INode& parent, size_t begin, size
     pugi::xml_document document;
     if (!document.load_buffer_inplace_own(buffer, size, kLayoutParseOptions, pugi::encoding_utf8))
         return Result::NotXml;
-    bool ok;
-    {
+    pugi::xml_node wrapper = document.document_element();
+    bool ok, repaired = false;
+    if (Checking()) {
+        ok = CheckPiece(wrapper);
+    } else if (!ScreenElements(wrapper, kPieceDepth, anlage_, repaired)) {
+        ok = false;
+    } else if (repaired) {
+        // The file's own text of an element no longer matches what was read: the piece is
+        // read from the DOM alone.
+        ok = ParseChildren(parent, wrapper);
+    } else {
         CParseSource source(std::string_view(bytes_.Data(), bytes_.Size()), begin, end, kPieceOpen.size());
-        pugi::xml_node wrapper = document.document_element();
         ok = ParseChildren(parent, wrapper);
     }
     bytes_.ReleaseBefore(end);
     return ok ? Result::Ok : Result::Failed;
+}
+
+// What a load refuses in a piece: markup other than elements, text and instructions, elements
+// nested deeper than a load reads, and an attribute named twice in one element (which the
+// simulator's parser refuses). The piece's elements sit two levels below the document element.
+bool CLayoutReader::CheckPiece(const XmlElement& wrapper) {
+    return ForEachBelow(wrapper, kPieceDepth, [this](const pugi::xml_node& node, int depth) {
+        pugi::xml_node_type type = node.type();
+        if (type == pugi::node_element) {
+            if (depth > kMaxNestingDepth) {
+                problem_ =
+                    FormatMessage("ihre Elemente sind tiefer als %1 Ebenen verschachtelt", kMaxNestingDepth);
+                return false;
+            }
+            if (pugi::xml_attribute repeated = RepeatedAttribute(node)) {
+                problem_ = RepeatedAttributeProblem(node, repeated);
+                return false;
+            }
+        } else if (type != pugi::node_pcdata && type != pugi::node_pi) {
+            problem_ = FormatMessage("sie enthält einen Eintrag, den das Laden ablehnt (%1)", node.value());
+            return false;
+        }
+        return true;
+    });
 }
 
 } // namespace kavrin

@@ -29,6 +29,9 @@ public:
     CLayoutReader(CFileBytes& bytes, CAnlage& anlage);
 
     Result Read(std::unique_ptr<INode>& root);
+    // Reads a file just written as Read would, in the same pieces, but builds nothing: whether
+    // Kavrin can load it again as far as its markup tells. False with the reason in `problem`.
+    static bool Check(CFileBytes& bytes, std::string& problem);
     // Everything before the document element (declaration, comments, DOCTYPE, blanks) and after it.
     const std::string& Prolog() const { return prolog_; }
     const std::string& Epilog() const { return epilog_; }
@@ -54,8 +57,14 @@ private:
     // Parses file[begin, end) inside a wrapper element and walks its children into parent.
     Result ReadPiece(INode& parent, size_t begin, size_t end);
 
+    CLayoutReader(CFileBytes& bytes, CAnlage* anlage);
+    // Checks a piece's DOM for what a load would refuse (no tree is built).
+    bool CheckPiece(const XmlElement& wrapper);
+    bool Checking() const { return anlage_ == nullptr; }
+
     CFileBytes& bytes_;
-    CAnlage& anlage_;
+    CAnlage* anlage_; // nullptr while checking
+    std::string problem_;
     CXmlScanner scanner_;
     std::string prolog_;
     std::string epilog_;

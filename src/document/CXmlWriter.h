@@ -32,6 +32,8 @@ public:
     int OpenElements() const { return static_cast<int>(stack_.size()); }
 
 private:
+    friend std::string EscapedAttribute(std::string_view value);
+    friend std::string EscapedText(std::string_view text);
     void CloseStartTag();
     void Escaped(std::string_view text, bool inAttribute);
     void MaybeFlush();
@@ -41,6 +43,10 @@ private:
     std::string stack_; // names of open elements, separated by '\0'
     bool startTagOpen_ = false;
 };
+
+// An attribute value as the writer writes it between double quotes, and a text as it writes it.
+std::string EscapedAttribute(std::string_view value);
+std::string EscapedText(std::string_view text);
 
 // "<?name value?>" (no blank when there is no value).
 std::string ProcessingInstructionText(std::string_view name, std::string_view value);

@@ -1,6 +1,9 @@
 #include "document/NodeTree.h"
 
+#include <cstring>
 #include <pugixml.hpp>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "core/CStringPack.h"
@@ -60,13 +63,26 @@ bool HandleProcessingInstruction(INode& parent, const pugi::xml_node& node) {
     return true;
 }
 
-bool ParseChildNode(INode& parent, pugi::xml_node& node) {
+// An element's text, when it is all its content or comes first, is its Text (written before its
+// children). Text after a child, or a second text, stays where it stands among the children.
+bool HandleText(INode& parent, const pugi::xml_node& node, bool first) {
+    if (first && parent.SubNodes().Count() == 0 && parent.Text().empty()) {
+        parent.SetText(node.value());
+        return true;
+    }
+    auto kept = std::make_unique<CNodeRaw>(EscapedText(node.value()));
+    kept->SetName("#text");
+    kept->SetAnlage(parent.Anlage());
+    AppendChild(parent, std::move(kept));
+    return true;
+}
+
+bool ParseChildNode(INode& parent, pugi::xml_node& node, bool first) {
     switch (node.type()) {
     case pugi::node_element:
         return ParseChildElement(parent, node);
     case pugi::node_pcdata:
-        parent.SetText(node.value());
-        return true;
+        return HandleText(parent, node, first);
     case pugi::node_pi:
         return HandleProcessingInstruction(parent, node);
     default:
@@ -82,12 +98,14 @@ bool ParseChildren(INode& parent, XmlElement& element) {
     // file read in pieces frees each piece's DOM whole instead.
     bool consume = CParseSource::Current() == nullptr;
     pugi::xml_node child = element.first_child();
+    bool first = true;
     while (child) {
         UI().ProcessPendingEvents();
         if (log.Cancelled())
             return false;
-        if (!ParseChildNode(parent, child))
+        if (!ParseChildNode(parent, child, first))
             return false;
+        first = false;
         pugi::xml_node next = child.next_sibling();
         if (consume)
             element.remove_child(child);
@@ -107,10 +125,98 @@ NestingLevel::~NestingLevel() {
 bool NestingLevel::Allowed(const char* elementName) {
     if (gDepth < kMaxNestingDepth)
         return true;
+    ReportTooDeep(elementName);
+    return false;
+}
+
+void NestingLevel::ReportTooDeep(const char* elementName) {
     AddParseHint(FormatMessage("Die Elemente der Datei sind tiefer als %1 Ebenen verschachtelt;%n"
                                "so ist keine Anlage aufgebaut. '%2' wird nicht mehr gelesen.",
                                kMaxNestingDepth, elementName));
-    return false;
+}
+
+bool ForEachBelow(const XmlElement& top, int depth,
+                  const std::function<bool(const XmlElement&, int)>& visit) {
+    pugi::xml_node node = top.first_child();
+    while (node) {
+        if (!visit(node, depth))
+            return false;
+        if (pugi::xml_node child = node.first_child()) {
+            node = child;
+            ++depth;
+            continue;
+        }
+        while (node != top && !node.next_sibling()) {
+            node = node.parent();
+            --depth;
+        }
+        if (node == top)
+            break;
+        node = node.next_sibling();
+    }
+    return true;
+}
+
+pugi::xml_attribute RepeatedAttribute(const XmlElement& element) {
+    pugi::xml_attribute first = element.first_attribute();
+    if (!first || !first.next_attribute())
+        return {};
+    // Elements have a few attributes, compared pairwise; a file with thousands in one element
+    // must not take quadratic time.
+    constexpr int kPairwise = 16;
+    int count = 0;
+    for (pugi::xml_attribute a = first; a && count <= kPairwise; a = a.next_attribute())
+        ++count;
+    if (count > kPairwise) {
+        std::unordered_set<std::string_view> names;
+        for (pugi::xml_attribute a = first; a; a = a.next_attribute())
+            if (!names.insert(a.name()).second)
+                return a;
+        return {};
+    }
+    for (pugi::xml_attribute a = first.next_attribute(); a; a = a.next_attribute()) {
+        const char* name = a.name();
+        for (pugi::xml_attribute b = first; b != a; b = b.next_attribute()) {
+            const char* other = b.name();
+            if (other[0] == name[0] && std::strcmp(other, name) == 0)
+                return a;
+        }
+    }
+    return {};
+}
+
+bool ScreenElements(XmlElement& top, int depth, CAnlage* anlage, bool& repaired) {
+    return ForEachBelow(top, depth, [anlage, &repaired](const pugi::xml_node& node, int level) {
+        if (node.type() != pugi::node_element)
+            return true;
+        if (level > kMaxNestingDepth) {
+            NestingLevel::ReportTooDeep(node.name());
+            return false;
+        }
+        pugi::xml_node element = node;
+        if (element.first_attribute() && DropRepeatedAttributes(element, anlage) > 0)
+            repaired = true;
+        return true;
+    });
+}
+
+std::string RepeatedAttributeProblem(const XmlElement& element, const pugi::xml_attribute& repeated) {
+    return FormatMessage("das Attribut '%1' steht mehrfach im Element '%2'", repeated.name(), element.name());
+}
+
+size_t DropRepeatedAttributes(XmlElement& element, CAnlage* anlage) {
+    size_t dropped = 0;
+    while (pugi::xml_attribute repeated = RepeatedAttribute(element)) {
+        AddParseHint(FormatMessage(
+            "Das Attribut '%1' steht mehrfach im Element '%2'; es gilt das erste (\"%3\"),%n"
+            "das weitere (\"%4\") wird verworfen.",
+            repeated.name(), element.name(), element.attribute(repeated.name()).value(), repeated.value()));
+        element.remove_attribute(repeated);
+        ++dropped;
+    }
+    if (dropped > 0 && anlage)
+        anlage->SetChangedWhileLoading();
+    return dropped;
 }
 
 std::unique_ptr<INode> StartChildNode(INode& parent, const XmlElement& element) {
