@@ -128,7 +128,7 @@ bool CAnlage::ParseDocument(const std::string& path, const ByteSource& source) {
     return ParseWholeDocument(bytes, path);
 }
 
-bool CAnlage::ParseWholeDocument(const CFileBytes& bytes, const std::string& path) {
+bool CAnlage::ParseWholeDocument(CFileBytes& bytes, const std::string& path) {
     pugi::xml_document document;
     pugi::xml_parse_result result =
         document.load_buffer(bytes.Data(), bytes.Size(), kLayoutParseOptions, pugi::encoding_utf8);
@@ -143,47 +143,28 @@ bool CAnlage::ParseWholeDocument(const CFileBytes& bytes, const std::string& pat
                                           path));
         return false;
     }
+    // What stands around the document element is taken as the pieces take it: the parser
+    // would let text and further elements there pass unseen.
+    CLayoutReader outline(bytes, *this);
+    if (!outline.ReadOutline()) {
+        ErrorBox(FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
+                               "Der Fehler entsteht in der Nähe des %2. Zeichen in der Datei.%n"
+                               "Vor oder nach dem Dokument-Element steht etwas anderes als Kommentare, "
+                               "Verarbeitungsanweisungen und Leerraum.",
+                               path,
+                               static_cast<long long>(CharacterCount(
+                                   std::string_view(bytes.Data(), bytes.Size()), outline.FailedAt())) +
+                                   1));
+        return false;
+    }
+    prolog_ = outline.Prolog();
+    epilog_ = outline.Epilog();
     pugi::xml_node element = document.document_element();
     bool repaired = false;
     DropRepeatedAttributes(element, this);
     if (!ScreenElements(element, 1, this, repaired))
         return false;
-    return ReadDocumentLevel(document) && BuildTree(document);
-}
-
-// The markup around the document element as the parser hands it over: declaration first, then
-// instructions, comments and the DOCTYPE in their order.
-bool CAnlage::ReadDocumentLevel(pugi::xml_document& document) {
-    bool beforeRoot = true;
-    for (pugi::xml_node node : document.children()) {
-        std::string& outer = beforeRoot ? prolog_ : epilog_;
-        switch (node.type()) {
-        case pugi::node_element:
-            beforeRoot = false;
-            break;
-        case pugi::node_declaration:
-            outer += "<?xml";
-            for (pugi::xml_attribute attribute : node.attributes())
-                outer +=
-                    std::string(" ") + attribute.name() + "=\"" + EscapedAttribute(attribute.value()) + "\"";
-            outer += "?>\n";
-            break;
-        case pugi::node_pi:
-            AddProcInstr(node.name(), node.value());
-            outer += ProcessingInstructionText(node.name(), node.value());
-            break;
-        case pugi::node_comment:
-            outer += std::string("<!--") + node.value() + "-->";
-            break;
-        case pugi::node_doctype:
-            outer += std::string("<!DOCTYPE ") + node.value() + ">";
-            break;
-        default:
-            break;
-        }
-    }
-    epilog_ += "\n";
-    return true;
+    return BuildTree(document);
 }
 
 bool CAnlage::BuildTree(pugi::xml_document& document) {

@@ -70,9 +70,8 @@ private:
     using ByteSource = std::function<bool(CFileBytes&, std::string& error)>;
     bool LoadFrom(const std::string& path, const ByteSource& source);
     bool ParseDocument(const std::string& path, const ByteSource& source);
-    bool ParseWholeDocument(const CFileBytes& bytes, const std::string& path);
+    bool ParseWholeDocument(CFileBytes& bytes, const std::string& path);
     bool BuildTree(pugi::xml_document& document);
-    bool ReadDocumentLevel(pugi::xml_document& document);
     void ReportUnusualDocumentElement() const;
     void ReadFileVersion();
     void RepairBuildingCollectionIds();

@@ -105,10 +105,13 @@ bool CLayoutReader::ReadProlog(Token& rootTag) {
         bool allowed = token.kind == Kind::Instruction || token.kind == Kind::Comment ||
                        token.kind == Kind::Doctype ||
                        (token.kind == Kind::Text && scanner_.OnlySpace(token.begin, token.end));
-        if (!allowed)
+        if (!allowed) {
+            failedAt_ = token.begin;
             return false;
+        }
         pos = token.end;
     }
+    failedAt_ = bytes_.Size();
     return false;
 }
 
@@ -119,20 +122,51 @@ bool CLayoutReader::ReadEpilog(size_t rootEnd, std::string_view rootName) {
         Token token = scanner_.Next(pos);
         bool allowed = token.kind == Kind::Instruction || token.kind == Kind::Comment ||
                        (token.kind == Kind::Text && scanner_.OnlySpace(token.begin, token.end));
-        if (!allowed)
+        if (!allowed) {
+            failedAt_ = token.begin;
             return false;
+        }
         pos = token.end;
     }
     epilog_.assign(bytes_.Data() + rootEnd, bytes_.Size() - rootEnd);
     std::string outline = prolog_ + "<" + std::string(rootName) + "/>" + epilog_;
     pugi::xml_document document;
-    if (!document.load_buffer(outline.data(), outline.size(), kLayoutParseOptions, pugi::encoding_utf8))
+    if (!document.load_buffer(outline.data(), outline.size(), kLayoutParseOptions, pugi::encoding_utf8)) {
+        failedAt_ = rootEnd;
         return false;
+    }
     if (anlage_)
         for (pugi::xml_node node : document.children())
             if (node.type() == pugi::node_pi)
                 anlage_->AddProcInstr(node.name(), node.value());
     return true;
+}
+
+// The document element ends with the last end tag of its name.
+bool CLayoutReader::ReadOutline() {
+    Token rootTag;
+    if (!ReadProlog(rootTag))
+        return false;
+    std::string rootName(rootTag.name);
+    size_t rootEnd = rootTag.end;
+    if (rootTag.kind == Kind::StartTag) {
+        std::string_view text(bytes_.Data(), bytes_.Size());
+        std::string tag = "</" + rootName;
+        rootEnd = CXmlScanner::npos;
+        for (size_t at = text.rfind(tag); at != std::string_view::npos && at > rootTag.begin;
+             at = text.rfind(tag, at - 1)) {
+            size_t next = CXmlScanner::npos;
+            if (FindEndTag(rootName, at, next) == at) {
+                rootEnd = next;
+                break;
+            }
+        }
+        if (rootEnd == CXmlScanner::npos) {
+            failedAt_ = bytes_.Size();
+            return false;
+        }
+    }
+    return ReadEpilog(rootEnd, rootName);
 }
 
 std::unique_ptr<INode> CLayoutReader::NodeOfStartTag(INode* parent, const Token& tag, Result& result) {

@@ -32,6 +32,12 @@ public:
     // Reads a file just written as Read would, in the same pieces, but builds nothing: whether
     // Kavrin can load it again as far as its markup tells. False with the reason in `problem`.
     static bool Check(CFileBytes& bytes, std::string& problem);
+    // For a file the parser has read whole after all: only what stands before and after the
+    // document element, checked as Read checks it (the parser itself lets text and further
+    // elements there pass unseen). False when anything but comments, instructions, a DOCTYPE
+    // and blanks stands there; FailedAt() then tells where.
+    bool ReadOutline();
+    size_t FailedAt() const { return failedAt_; }
     // Everything before the document element (declaration, comments, DOCTYPE, blanks) and after it.
     const std::string& Prolog() const { return prolog_; }
     const std::string& Epilog() const { return epilog_; }
@@ -68,6 +74,7 @@ private:
     CXmlScanner scanner_;
     std::string prolog_;
     std::string epilog_;
+    size_t failedAt_ = 0;
 };
 
 } // namespace kavrin

@@ -74,12 +74,6 @@ void CXmlWriter::ProcessingInstruction(std::string_view name, std::string_view v
     buffer_ += ProcessingInstructionText(name, value);
 }
 
-std::string EscapedAttribute(std::string_view value) {
-    CXmlWriter writer;
-    writer.Escaped(value, true);
-    return writer.Result();
-}
-
 std::string EscapedText(std::string_view text) {
     CXmlWriter writer;
     writer.Escaped(text, false);

@@ -32,7 +32,6 @@ public:
     int OpenElements() const { return static_cast<int>(stack_.size()); }
 
 private:
-    friend std::string EscapedAttribute(std::string_view value);
     friend std::string EscapedText(std::string_view text);
     void CloseStartTag();
     void Escaped(std::string_view text, bool inAttribute);
@@ -44,8 +43,7 @@ private:
     bool startTagOpen_ = false;
 };
 
-// An attribute value as the writer writes it between double quotes, and a text as it writes it.
-std::string EscapedAttribute(std::string_view value);
+// A text as the writer writes it.
 std::string EscapedText(std::string_view text);
 
 // "<?name value?>" (no blank when there is no value).

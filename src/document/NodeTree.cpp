@@ -157,30 +157,47 @@ bool ForEachBelow(const XmlElement& top, int depth,
     return true;
 }
 
+namespace {
+// FNV-1a over a zero-terminated name.
+uint32_t NameHash(const char* name) {
+    uint32_t hash = 2166136261u;
+    for (; *name; ++name)
+        hash = (hash ^ static_cast<unsigned char>(*name)) * 16777619u;
+    return hash;
+}
+} // namespace
+
+// Every element of a file passes here, so the test is a small hash table on the stack; names
+// are compared only when their hashes meet. An element with very many attributes takes a set.
 pugi::xml_attribute RepeatedAttribute(const XmlElement& element) {
     pugi::xml_attribute first = element.first_attribute();
     if (!first || !first.next_attribute())
         return {};
-    // Elements have a few attributes, compared pairwise; a file with thousands in one element
-    // must not take quadratic time.
-    constexpr int kPairwise = 16;
-    int count = 0;
-    for (pugi::xml_attribute a = first; a && count <= kPairwise; a = a.next_attribute())
-        ++count;
-    if (count > kPairwise) {
-        std::unordered_set<std::string_view> names;
-        for (pugi::xml_attribute a = first; a; a = a.next_attribute())
-            if (!names.insert(a.name()).second)
-                return a;
-        return {};
-    }
-    for (pugi::xml_attribute a = first.next_attribute(); a; a = a.next_attribute()) {
+    constexpr size_t kNames = 32;
+    constexpr size_t kSlots = 2 * kNames;
+    uint8_t slots[kSlots] = {}; // 0: empty, else 1 + the index of the name
+    const char* names[kNames];
+    uint32_t hashes[kNames];
+    size_t count = 0;
+    for (pugi::xml_attribute a = first; a; a = a.next_attribute()) {
+        if (count == kNames) {
+            std::unordered_set<std::string_view> seen;
+            for (pugi::xml_attribute b = first; b; b = b.next_attribute())
+                if (!seen.insert(b.name()).second)
+                    return b;
+            return {};
+        }
         const char* name = a.name();
-        for (pugi::xml_attribute b = first; b != a; b = b.next_attribute()) {
-            const char* other = b.name();
-            if (other[0] == name[0] && std::strcmp(other, name) == 0)
+        uint32_t hash = NameHash(name);
+        size_t at = hash & (kSlots - 1);
+        for (; slots[at]; at = (at + 1) & (kSlots - 1)) {
+            size_t other = slots[at] - 1u;
+            if (hashes[other] == hash && std::strcmp(names[other], name) == 0)
                 return a;
         }
+        names[count] = name;
+        hashes[count] = hash;
+        slots[at] = static_cast<uint8_t>(++count);
     }
     return {};
 }

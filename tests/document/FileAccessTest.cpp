@@ -75,7 +75,7 @@ TEST_F(FileAccess, MissingPermissionsAreNamed) {
         },
         ::testing::ExitedWithCode(0), "darf nicht gelesen werden: es fehlt die Leseberechtigung");
     ASSERT_EQ(chmod(dir.Path().c_str(), 0700), 0);
-    if (geteuid() == 0)
+    if (geteuid() == 0) {
         EXPECT_EXIT(
             {
                 BecomeOrdinaryUser();
@@ -83,6 +83,7 @@ TEST_F(FileAccess, MissingPermissionsAreNamed) {
                 PrintErrorsAndExit(scope);
             },
             ::testing::ExitedWithCode(0), "ist nicht erreichbar: .*Ordner fehlt die Berechtigung");
+    }
 }
 
 #if defined(__SANITIZE_ADDRESS__)

@@ -266,3 +266,40 @@ TEST_F(Hardening, UnusualTrackSystemNumbersAndDocumentElements) {
 }
 
 } // namespace
+
+namespace {
+
+// What the parser lets pass unseen around the document element (text, a second element) is
+// refused as a conforming parser refuses it, with the place; the declaration stays as read.
+TEST_F(Hardening, WhatStandsAroundTheDocumentElementIsCheckedAsAWhole) {
+    const std::string declaration = "<?xml version=\"1.0\" encoding='a\"b'?>";
+    std::string layout = test::LayoutText();
+    layout.replace(0, layout.find("?>") + 2, declaration);
+    struct Case {
+        std::string text;
+        bool loads;
+    };
+    // A chapter holding an element of its own name, so that its first end tag is not its own.
+    std::string uncuttable = layout;
+    uncuttable.replace(uncuttable.find("<Options/>"), 10, "<Options><Options>x</Options></Options>");
+    const Case cases[] = {
+        {uncuttable, true},
+        {uncuttable.substr(0, uncuttable.size() - 1) + "Rest\n", false},
+        {uncuttable.substr(0, uncuttable.size() - 1) + "<zweite/>\n", false},
+        {declaration + "\nText vorher" + uncuttable.substr(declaration.size()), false},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(Load(c.text), c.loads) << Errors();
+        if (!c.loads) {
+            EXPECT_NE(Errors().find("Vor oder nach dem Dokument-Element steht etwas anderes"),
+                      std::string::npos)
+                << Errors();
+            continue;
+        }
+        std::string saved = SaveTwice();
+        EXPECT_EQ(saved.substr(0, saved.find('\n')), declaration);
+        EXPECT_EQ(test::OwnedNumberDifference(c.text, saved), "");
+    }
+}
+
+} // namespace
