@@ -11,6 +11,12 @@
 #include "document/CRecordingUserInterface.h"
 #include "document/CXmlWriter.h"
 #include "document/XmlParseError.h"
+#include "nodes/CLayoutStatistics.h"
+#include "plan/CLayoutInventory.h"
+#include "plan/CPlanPainter.h"
+#include "plan/CPlanView.h"
+#include "plan/CViewOptions.h"
+#include "plan/Canvas.h"
 
 namespace kavrin::test {
 
@@ -46,6 +52,49 @@ Loaded Load(CAnlage& anlage, std::string_view text) {
     for (const std::string& hint : port.ui.parseLog.Hints())
         result.errors += "Hinweis: " + hint + "\n";
     return result;
+}
+
+// A canvas that draws nothing: the plan's arithmetic runs in full all the same.
+class NullCanvas : public Canvas {
+public:
+    int PixelWidth() const override { return 400; }
+    int PixelHeight() const override { return 300; }
+    void SetView(double, double, double, double) override {}
+    void Clear(uint32_t) override {}
+    void SetPen(uint32_t, double) override {}
+    void Line(double, double, double, double) override {}
+    void Polyline(const double*, const double*, int) override {}
+    void Circle(double, double, double, bool) override {}
+    void Square(double, double, double, bool) override {}
+    void Triangle(double, double, double, double, double, bool) override {}
+    void Text(double, double, std::string_view, uint32_t, int, int) override {}
+    void StretchImage(const CPlanImage&, const CRect&) override {}
+};
+
+// What the editor and the command-line tool do with a loaded layout besides saving it: the
+// plan with names and signals, the statistics and the inventory. They may refuse bad values
+// with an error (the window reports it), but nothing else may happen.
+void Use(CAnlage& anlage) {
+    Port port;
+    try {
+        CPlanView view;
+        CViewOptions options;
+        if (CPlanPainter::InitView(view, anlage)) {
+            view.SetClientSize(400, 300);
+            view.World();
+            CPlanPainter painter(anlage, view, options);
+            painter.WithNames = painter.WithSignals = true;
+            NullCanvas canvas;
+            painter.DrawAll(canvas);
+        }
+    } catch (const CError&) {
+    }
+    try {
+        CLayoutStatistics statistics(anlage);
+        CLayoutInventory inventory(anlage);
+        (void)inventory.Text();
+    } catch (const CError&) {
+    }
 }
 
 bool Save(CAnlage& anlage, std::string& text) {
@@ -123,6 +172,7 @@ std::string RoundTripFault(std::string_view input) {
         loaded = Load(anlage, input);
         if (!loaded.ok)
             return {};
+        Use(anlage);
         if (!Save(anlage, first))
             return "Die geladene Anlage lässt sich nicht speichern.\n" + loaded.errors;
     }

@@ -5,9 +5,10 @@
 
 namespace kavrin::test {
 
-// The promise every input must keep: a layout that loads saves; what was saved loads again and
-// saves to the same bytes; the saved text passes the check a save makes before it replaces a
-// file; and a load that named no hint and repaired nothing lost nothing but the form of numbers.
+// The promise every input must keep: a layout that loads can be drawn and counted and saves;
+// what was saved loads again and saves to the same bytes; the saved text passes the check a
+// save makes before it replaces a file; and a load that named no hint and repaired nothing lost
+// nothing but the form of numbers.
 // Returns an empty text when the input keeps it (also when it does not load at all), else what
 // went wrong.
 std::string RoundTripFault(std::string_view input);
