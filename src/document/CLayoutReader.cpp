@@ -65,10 +65,35 @@ bool CLayoutReader::Check(CFileBytes& bytes, std::string& problem) {
     std::unique_ptr<INode> root;
     Result result = reader.Read(root);
     if (result == Result::NotXml)
-        problem = FormatMessage("sie ist kein wohlgeformtes XML");
-    else if (result == Result::Failed)
+        return CheckWhole(bytes, problem);
+    if (result == Result::Failed)
         problem = reader.problem_;
     return result == Result::Ok;
+}
+
+// As a load does when the pieces fail: the parser reads the file whole.
+bool CLayoutReader::CheckWhole(CFileBytes& bytes, std::string& problem) {
+    pugi::xml_document document;
+    pugi::xml_parse_result parsed =
+        document.load_buffer(bytes.Data(), bytes.Size(), kLayoutParseOptions, pugi::encoding_utf8);
+    if (!parsed) {
+        problem = FormatMessage("sie ist kein wohlgeformtes XML (%1)", XmlParseReason(parsed.status));
+        return false;
+    }
+    CLayoutReader reader(bytes, nullptr);
+    if (!reader.ReadOutline()) {
+        problem = FormatMessage("vor oder nach dem Dokument-Element steht etwas anderes als Kommentare, "
+                                "Verarbeitungsanweisungen und Leerraum");
+        return false;
+    }
+    pugi::xml_node element = document.document_element();
+    if (pugi::xml_attribute repeated = RepeatedAttribute(element)) {
+        problem = RepeatedAttributeProblem(element, repeated);
+        return false;
+    }
+    bool ok = reader.CheckElements(element, 1);
+    problem = reader.problem_;
+    return ok;
 }
 
 CLayoutReader::Result CLayoutReader::Read(std::unique_ptr<INode>& root) {
@@ -426,7 +451,7 @@ CLayoutReader::Result CLayoutReader::ReadPiece(INode& parent, size_t begin, size
     pugi::xml_node wrapper = document.document_element();
     bool ok, repaired = false;
     if (Checking()) {
-        ok = CheckPiece(wrapper);
+        ok = CheckElements(wrapper, kPieceDepth);
     } else if (!ScreenElements(wrapper, kPieceDepth, anlage_, repaired)) {
         ok = false;
     } else if (repaired) {
@@ -441,11 +466,11 @@ CLayoutReader::Result CLayoutReader::ReadPiece(INode& parent, size_t begin, size
     return ok ? Result::Ok : Result::Failed;
 }
 
-// What a load refuses in a piece: markup other than elements, text and instructions, elements
-// nested deeper than a load reads, and an attribute named twice in one element (which the
-// simulator's parser refuses). The piece's elements sit two levels below the document element.
-bool CLayoutReader::CheckPiece(const XmlElement& wrapper) {
-    return ForEachBelow(wrapper, kPieceDepth, [this](const pugi::xml_node& node, int depth) {
+// What a load refuses below an element: markup other than elements, text and instructions,
+// elements nested deeper than a load reads, and an attribute named twice in one element (which
+// the simulator's parser refuses).
+bool CLayoutReader::CheckElements(const XmlElement& top, int depth) {
+    return ForEachBelow(top, depth, [this](const pugi::xml_node& node, int depth) {
         pugi::xml_node_type type = node.type();
         if (type == pugi::node_element) {
             if (depth > kMaxNestingDepth) {

@@ -64,8 +64,10 @@ private:
     Result ReadPiece(INode& parent, size_t begin, size_t end);
 
     CLayoutReader(CFileBytes& bytes, CAnlage* anlage);
-    // Checks a piece's DOM for what a load would refuse (no tree is built).
-    bool CheckPiece(const XmlElement& wrapper);
+    static bool CheckWhole(CFileBytes& bytes, std::string& problem);
+    // Checks the elements below `top` (its children at `depth`) for what a load would refuse
+    // (no tree is built).
+    bool CheckElements(const XmlElement& top, int depth);
     bool Checking() const { return anlage_ == nullptr; }
 
     CFileBytes& bytes_;
