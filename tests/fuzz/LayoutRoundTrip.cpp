@@ -66,8 +66,13 @@ public:
     void Polyline(const double*, const double*, int) override {}
     void Circle(double, double, double, bool) override {}
     void Square(double, double, double, bool) override {}
+    void TurnedSquare(double, double, double, double, double, bool) override {}
     void Triangle(double, double, double, double, double, bool) override {}
+    void Polygon(const double*, const double*, int, bool) override {}
     void Text(double, double, std::string_view, uint32_t, int, int) override {}
+    void Label(double, double, std::string_view, uint32_t, uint32_t, int, int) override {}
+    double TextWidth(std::string_view text) const override { return 7.0 * static_cast<double>(text.size()); }
+    double TextHeight() const override { return 12; }
     void StretchImage(const CPlanImage&, const CRect&) override {}
 };
 
