@@ -8,6 +8,7 @@ packages=(
     libpugixml-dev libgtest-dev libgmock-dev libbenchmark-dev
     qt6-base-dev qt6-base-dev-tools libgl-dev qt6-translations-l10n
     xvfb xauth
+    clang libclang-rt-14-dev
 )
 
 missing=()

@@ -96,17 +96,22 @@ bool CPlanWidget::Render() {
 }
 
 // A fault of the plan arithmetic ends the drawing; it is reported after the paint, since a
-// message box inside a paint event would paint again.
+// message box inside a paint event would paint again, and only once until a drawing succeeds:
+// every resize and zoom draws anew.
 bool CPlanWidget::DrawAllSafely(QImage& image) {
     WaitCursor wait;
     try {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing, kPlanAntialiasing);
         CQtCanvas canvas(painter, image);
-        return painter_->DrawAll(canvas);
+        bool drawn = painter_->DrawAll(canvas);
+        drawFailureReported_ = false;
+        return drawn;
     } catch (...) {
         CError failure = CError::FromCurrentException();
-        QTimer::singleShot(0, this, [failure] { ReportError("FAnlage.DrawAll", failure); });
+        if (!drawFailureReported_)
+            QTimer::singleShot(0, this, [failure] { ReportError("FAnlage.DrawAll", failure); });
+        drawFailureReported_ = true;
         return false;
     }
 }

@@ -116,6 +116,7 @@ private:
     bool stale_ = true;
     bool deferred_ = false;
     bool drawn_ = false;
+    bool drawFailureReported_ = false;
     Tool tool_ = Tool::Pointer;
     bool dragging_ = false;
     Qt::MouseButton dragButton_ = Qt::NoButton;

@@ -7,10 +7,12 @@
 #include <QLockFile>
 #include <QTranslator>
 #include <algorithm>
+#include <csignal>
 
 #include "app/CAppIcon.h"
 #include "app/CInstanceChannel.h"
 #include "app/CQtUserInterface.h"
+#include "app/CSafeApplication.h"
 #include "app/CSettingsStore.h"
 #include "app/FMain.h"
 #include "app/modDialogs.h"
@@ -187,7 +189,10 @@ std::unique_ptr<QLockFile> AcquireInstanceLock(const QString& directory) {
 }
 
 int Main(int argc, char** argv) {
-    QApplication app(argc, argv);
+    // A file-size limit makes a write fail with an error the save reports, instead of ending
+    // the program with the signal.
+    std::signal(SIGXFSZ, SIG_IGN);
+    CSafeApplication app(argc, argv);
     QApplication::setApplicationName(QString::fromUtf8(kProgramName));
     QApplication::setOrganizationName(QString::fromUtf8(kProgramName));
     QApplication::setApplicationVersion(QStringLiteral(KAVRIN_VERSION));
@@ -220,7 +225,11 @@ int Main(int argc, char** argv) {
         return 0;
     }
     mainWindow.ShowInstallation();
-    mainWindow.ProcessParams(JoinArguments(Arguments(QApplication::arguments())));
+    try {
+        mainWindow.ProcessParams(JoinArguments(Arguments(QApplication::arguments())));
+    } catch (...) {
+        ReportCurrentError("modMain.Main");
+    }
     return QApplication::exec();
 }
 

@@ -6,6 +6,7 @@
 #include "cli/CEditCommand.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "document/CSaveTarget.h"
 #include "nodes/CLayoutStatistics.h"
 #include "plan/CLayoutInventory.h"
 
@@ -27,7 +28,19 @@ private:
 
 } // namespace
 
+// Nothing a command raises ends the program: it is reported on standard error and the command
+// has failed.
 int CCommandLine::Run(const std::vector<std::string>& args) {
+    try {
+        return Dispatch(args);
+    } catch (...) {
+        ConsoleScope console(out_, err_);
+        ReportCurrentError(std::string("kavrin-cli.") + (args.empty() ? std::string() : args[0]));
+        return kFailed;
+    }
+}
+
+int CCommandLine::Dispatch(const std::vector<std::string>& args) {
     if (args.empty())
         return Usage(FormatMessage("Es fehlt der Befehl."));
     const std::string& command = args[0];
@@ -144,8 +157,15 @@ int CCommandLine::Check(const std::string& path) {
     return kOk;
 }
 
+// A write-protected file is not replaced from the command line: there is nobody to ask.
 int CCommandLine::Save(const std::string& in, const std::string& outPath) {
     ConsoleScope console(out_, err_);
+    if (CSaveTarget target(outPath); target.WriteProtected()) {
+        err_ << ConsoleText(FormatMessage(
+                    "Die Datei%n%1%nist schreibgeschützt; kavrin-cli ersetzt sie nicht.", target.Path()))
+             << '\n';
+        return kFailed;
+    }
     CAnlage anlage;
     if (!anlage.Load(in)) {
         err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';

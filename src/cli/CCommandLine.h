@@ -31,6 +31,7 @@ public:
     static constexpr int kUsage = 2;
 
 private:
+    int Dispatch(const std::vector<std::string>& args);
     int Info(const std::string& path);
     int Inventory(const std::string& path);
     int Check(const std::string& path);

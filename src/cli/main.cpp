@@ -1,3 +1,4 @@
+#include <csignal>
 #include <iostream>
 
 #include "cli/CCommandLine.h"
@@ -37,6 +38,9 @@ void InstallPlanRenderer(kavrin::CCommandLine& commandLine, std::unique_ptr<QGui
 #endif
 
 int main(int argc, char** argv) {
+    // A file-size limit makes a write fail with an error the save reports, instead of ending
+    // the program with the signal.
+    std::signal(SIGXFSZ, SIG_IGN);
     std::vector<std::string> args(argv + 1, argv + argc);
     kavrin::CCommandLine commandLine(std::cout, std::cerr);
 #ifdef KAVRIN_CLI_WITH_QT

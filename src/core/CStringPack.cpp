@@ -1,6 +1,9 @@
 #include "core/CStringPack.h"
 
+#include <algorithm>
+
 #include "core/CError.h"
+#include "core/modTools.h"
 
 namespace kavrin {
 
@@ -9,7 +12,7 @@ const std::string kUnknownText = "? ? ?";
 constexpr size_t kGrowth = 20;
 } // namespace
 
-CStringPack::CStringPack() {
+CStringPack::CStringPack(std::string contents) : contents_(std::move(contents)) {
     texts_.resize(kGrowth + 1);
 }
 
@@ -32,7 +35,8 @@ int16_t CStringPack::PutString(std::string_view text) {
         return found->second;
     }
     if (count_ == kMaxTexts)
-        throw CError::Overflow();
+        throw CError(CError::Overflow().Number(),
+                     FormatMessage("Überlauf: mehr als %1 verschiedene %2", kMaxTexts, contents_));
     if (static_cast<size_t>(count_) + 1 >= texts_.size())
         texts_.resize(texts_.size() + kGrowth);
     ++count_;
@@ -40,6 +44,14 @@ int16_t CStringPack::PutString(std::string_view text) {
     index_.emplace(std::string(text), count_);
     cache_[slot] = count_;
     return count_;
+}
+
+void CStringPack::Reset() {
+    texts_.assign(kGrowth + 1, std::string());
+    std::fill(cache_.begin(), cache_.end(), int16_t{0});
+    index_.clear();
+    count_ = 0;
+    ++generation_;
 }
 
 const std::string& CStringPack::GetString(int16_t index) const {
@@ -54,17 +66,17 @@ int16_t CStringPack::GetIndex(std::string_view text) const {
 }
 
 CStringPack& ElementNames() {
-    static CStringPack pack;
+    static CStringPack pack("Elementnamen");
     return pack;
 }
 
 CStringPack& AttributeNames() {
-    static CStringPack pack;
+    static CStringPack pack("Attributnamen");
     return pack;
 }
 
 CStringPack& ClassTexts() {
-    static CStringPack pack;
+    static CStringPack pack("Modellklassen");
     return pack;
 }
 

@@ -12,12 +12,18 @@ namespace kavrin {
 // A hash index sits beside the list; the answers are those of a linear search.
 class CStringPack {
 public:
-    CStringPack();
+    // `contents` names what the pack holds ("Elementnamen"), for the overflow error.
+    explicit CStringPack(std::string contents = "Texte");
 
     int16_t PutString(std::string_view text);
     const std::string& GetString(int16_t index) const;
     int16_t GetIndex(std::string_view text) const;
     int16_t Count() const { return count_; }
+    // Forgets every text. Indices handed out before become invalid: only for a process that
+    // holds no node between runs over unrelated layouts (the fuzzer), never in the editor.
+    void Reset();
+    // Counts the resets, so that what caches indices of a pack can tell that they went stale.
+    uint32_t Generation() const { return generation_; }
 
     static constexpr int16_t kMaxTexts = 32767;
 
@@ -34,10 +40,15 @@ private:
     std::vector<int16_t> cache_ = std::vector<int16_t>(512, 0);
     std::unordered_map<std::string, int16_t, Hash, std::equal_to<>> index_;
     int16_t count_ = 0;
+    uint32_t generation_ = 0;
+    std::string contents_;
 };
 
 // A pack of file names (model files of buildings and goods).
-class CFilenamePack : public CStringPack {};
+class CFilenamePack : public CStringPack {
+public:
+    CFilenamePack() : CStringPack("Dateinamen") {}
+};
 
 // The process-wide packs.
 CStringPack& ElementNames();

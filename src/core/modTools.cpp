@@ -13,6 +13,7 @@ namespace kavrin {
 namespace {
 
 UserNumberFormat gUserFormat;
+long gErrorBoxes = 0;
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -95,8 +96,11 @@ template <typename Int> bool TryPlainInteger(std::string_view text, Int& out) {
     // Fast path for the common case of plain decimal integers.
     const char* begin = text.data();
     const char* end = begin + text.size();
-    if (begin != end && *begin == '+')
+    if (begin != end && *begin == '+') {
         ++begin;
+        if (begin != end && *begin == '-')
+            return false; // "+-1" is no number; the full conversion refuses it
+    }
     int64_t value = 0;
     auto result = std::from_chars(begin, end, value);
     if (result.ec != std::errc() || result.ptr != end)
@@ -150,8 +154,11 @@ std::string GeneralNumberText(double value, int precision) {
 }
 
 std::string FileNumberText(double value, int precision) {
-    if (value == 0)
+    if (value == 0 || std::isnan(value))
         return "0";
+    double largest = precision >= 15 ? kLargestFileNumber : 3.402823e38;
+    if (std::fabs(value) > largest)
+        value = std::copysign(largest, value);
     // Whole numbers are common (directions of 1 and -1, lengths, heights): written directly.
     double digitsLimit = precision >= 15 ? 1e15 : std::pow(10.0, precision);
     if (std::fabs(value) < digitsLimit && value == std::trunc(value)) {
@@ -307,6 +314,16 @@ int16_t TextToInteger(std::string_view text) {
     return TextToRuntimeInteger<int16_t>(text);
 }
 
+int32_t ClampedInteger(double value) {
+    if (std::isnan(value))
+        return 0;
+    if (value <= static_cast<double>(std::numeric_limits<int32_t>::min()))
+        return std::numeric_limits<int32_t>::min();
+    if (value >= static_cast<double>(std::numeric_limits<int32_t>::max()))
+        return std::numeric_limits<int32_t>::max();
+    return static_cast<int32_t>(value);
+}
+
 bool TryTextToLong(std::string_view text, int32_t& out) {
     try {
         out = TextToLong(text);
@@ -367,6 +384,21 @@ std::string SystemErrorText(int errorNumber) {
         return "wird gerade benutzt";
     case ENAMETOOLONG:
         return "Name zu lang";
+    case EFBIG:
+        return "die Datei würde größer, als das System einer Datei erlaubt (Grenze der Dateigröße)";
+    case ENOMEM:
+        return "nicht genügend Arbeitsspeicher";
+    case ELOOP:
+        return "zu viele symbolische Verknüpfungen hintereinander";
+    case EMFILE:
+    case ENFILE:
+        return "zu viele offene Dateien";
+    case ETXTBSY:
+        return "die Datei wird gerade ausgeführt";
+    case EXDEV:
+        return "Ziel liegt auf einem anderen Datenträger";
+    case EMLINK:
+        return "zu viele Verknüpfungen";
     default:
         return FormatMessage("Systemfehler %1", errorNumber);
     }
@@ -400,7 +432,12 @@ std::string SaveFileFilter(const std::string& extension) {
 }
 
 void ErrorBox(const std::string& text) {
+    ++gErrorBoxes;
     UI().ErrorBox(text);
+}
+
+long ErrorBoxesShown() {
+    return gErrorBoxes;
 }
 
 void InfoBox(const std::string& text) {

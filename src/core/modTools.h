@@ -48,8 +48,16 @@ std::string WholeNumberText(int64_t value);
 std::string DecimalText(double value, int decimals, bool grouped = true);
 // The remainder of a division with the sign of the dividend (400 and 360 give 40, -400 gives -40).
 double Remainder(double dividend, double divisor);
+// The largest magnitude the layout-file number format writes so that it reads back as a number;
+// a value beyond it (or infinity) the format cannot carry.
+inline constexpr double kLargestFileNumber = 1.79769313486231e308;
+inline bool FileNumberFits(double value) {
+    return value >= -kLargestFileNumber && value <= kLargestFileNumber;
+}
 
 // Layout-file number format: "." always; 0 -> "0"; magnitudes below 0.034 as "0.######E-00".
+// Values beyond the format's range are written as its largest number (never "inf" or "nan",
+// which would read back as 0).
 std::string NumberToText(double value);
 std::string NumberToText(float value);
 std::string NumberToText(const Variant& value);
@@ -70,6 +78,9 @@ double TextToNumber(std::string_view text);
 // rounded half to even, out of range is an overflow (error 6).
 int32_t TextToLong(std::string_view text);
 int16_t TextToInteger(std::string_view text);
+// A number as a 32-bit integer without undefined behaviour: the fraction cut off, values beyond
+// the range clamped to its ends, a value that is no number (NaN) 0.
+int32_t ClampedInteger(double value);
 // TextToLong without an error: false where it would raise one.
 bool TryTextToLong(std::string_view text, int32_t& out);
 
@@ -90,6 +101,8 @@ std::string NameWithoutExtension(const std::string& path);
 std::string SaveFileFilter(const std::string& extension);
 
 void ErrorBox(const std::string& text);
+// How many error boxes were shown so far (so a caller can tell whether a failure was reported).
+long ErrorBoxesShown();
 void InfoBox(const std::string& text);
 bool Ask(const std::string& text);
 // The common error report: caller's text (or the default), the procedure and the failure.

@@ -8,6 +8,7 @@
 #include "document/CFileBytes.h"
 #include "document/CLayoutReader.h"
 #include "document/CNodeUnknown.h"
+#include "document/CSaveTarget.h"
 #include "document/CXmlWriter.h"
 #include "document/FParseLog.h"
 #include "document/NodeAttributes.h"
@@ -21,6 +22,7 @@ namespace kavrin {
 namespace {
 
 const int kCollectionIdOrder[] = {1, 2, 3, 6, 4, 5};
+const int kOutOfMemory = 7; // the number of the error a failed allocation becomes
 
 } // namespace
 
@@ -45,21 +47,48 @@ void CAnlage::Clear() {
 }
 
 bool CAnlage::Load(const std::string& path) {
+    return LoadFrom(path, [&path](CFileBytes& bytes, std::string& error) { return bytes.Read(path, error); });
+}
+
+bool CAnlage::LoadFromMemory(std::string_view text, const std::string& name) {
+    return LoadFrom(name, [text](CFileBytes& bytes, std::string&) {
+        bytes.Assign(text.data(), text.size());
+        return true;
+    });
+}
+
+bool CAnlage::LoadFrom(const std::string& path, const ByteSource& source) {
     Clear();
     path_ = path;
     // The log opens first, so that a cancel in the very first event round is not wiped out.
     FParseLog& log = UI().ParseLog();
     log.Open(path);
-    UI().ShowStatus(FormatMessage("wird aufgebaut ..."));
-    UI().ProcessPendingEvents();
-    bool ok = ParseDocument(path);
-    if (ok) {
-        ReadFileVersion();
-        RepairBuildingCollectionIds();
-        chapters_.Collect(*root_);
-        chapters_.ReportMissing();
-        ok = CheckTerrain();
+    long errorsBefore = ErrorBoxesShown();
+    bool ok = false;
+    try {
+        UI().ShowStatus(FormatMessage("wird aufgebaut ..."));
+        UI().ProcessPendingEvents();
+        ok = ParseDocument(path, source);
+        if (ok) {
+            ReportUnusualDocumentElement();
+            ReadFileVersion();
+            RepairBuildingCollectionIds();
+            chapters_.Collect(*root_);
+            chapters_.ReportMissing();
+            ok = CheckTerrain();
+        }
+    } catch (...) {
+        CError failure = CError::FromCurrentException();
+        ReportError(
+            "CAnlage.Load", failure,
+            failure.Number() == kOutOfMemory
+                ? FormatMessage("Für das Laden der Anlage%n%1%nreicht der Arbeitsspeicher nicht.", path)
+                : FormatMessage("Die Anlage%n%1%nkann nicht geladen werden.", path));
+        ok = false;
     }
+    // A load that a hint stopped says so in an error of its own, not only among the hints.
+    if (!ok && !log.Cancelled() && ErrorBoxesShown() == errorsBefore && !log.Hints().empty())
+        ErrorBox(FormatMessage("Die Anlage%n%1%nkann nicht geladen werden:%n%2", path, log.Hints().back()));
     log.FinalState();
     if (!ok) {
         Clear();
@@ -69,19 +98,11 @@ bool CAnlage::Load(const std::string& path) {
     return true;
 }
 
-bool CAnlage::ParseDocument(const std::string& path) {
-    if (DirectoryExists(path)) {
-        ErrorBox(FormatMessage("%1%nist ein Ordner und keine Anlagen-Datei.", path));
-        return false;
-    }
-    if (!FileExists(path)) {
-        ErrorBox(FormatMessage("Die Datei%n%1%nexistiert nicht.", path));
-        return false;
-    }
+bool CAnlage::ParseDocument(const std::string& path, const ByteSource& source) {
     CFileBytes bytes;
     std::string error;
-    if (!bytes.Read(path, error)) {
-        ErrorBox(FormatMessage("Die Datei%n%1%nkann nicht gelesen werden:%n%2", path, error));
+    if (!source(bytes, error)) {
+        ErrorBox(error);
         return false;
     }
     CLayoutReader reader(bytes, *this);
@@ -100,17 +121,21 @@ bool CAnlage::ParseDocument(const std::string& path) {
     root_.reset();
     procInstrs_.clear();
     kontaktZiele_.clear();
-    if (!bytes.Read(path, error)) {
-        ErrorBox(FormatMessage("Die Datei%n%1%nkann nicht gelesen werden:%n%2", path, error));
+    if (!source(bytes, error)) {
+        ErrorBox(error);
         return false;
     }
     return ParseWholeDocument(bytes, path);
 }
 
-bool CAnlage::ParseWholeDocument(const CFileBytes& bytes, const std::string& path) {
+bool CAnlage::ParseWholeDocument(CFileBytes& bytes, const std::string& path) {
     pugi::xml_document document;
     pugi::xml_parse_result result =
         document.load_buffer(bytes.Data(), bytes.Size(), kLayoutParseOptions, pugi::encoding_utf8);
+    if (result.status == pugi::status_out_of_memory) {
+        ErrorBox(FormatMessage("Für das Laden der Anlage%n%1%nreicht der Arbeitsspeicher nicht.", path));
+        return false;
+    }
     if (!result) {
         ReportXmlParseError(result, std::string_view(bytes.Data(), bytes.Size()),
                             FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
@@ -118,41 +143,28 @@ bool CAnlage::ParseWholeDocument(const CFileBytes& bytes, const std::string& pat
                                           path));
         return false;
     }
-    return ReadDocumentLevel(document) && BuildTree(document);
-}
-
-// The markup around the document element as the parser hands it over: declaration first, then
-// instructions, comments and the DOCTYPE in their order.
-bool CAnlage::ReadDocumentLevel(pugi::xml_document& document) {
-    bool beforeRoot = true;
-    for (pugi::xml_node node : document.children()) {
-        std::string& outer = beforeRoot ? prolog_ : epilog_;
-        switch (node.type()) {
-        case pugi::node_element:
-            beforeRoot = false;
-            break;
-        case pugi::node_declaration:
-            outer += "<?xml";
-            for (pugi::xml_attribute attribute : node.attributes())
-                outer += std::string(" ") + attribute.name() + "=\"" + attribute.value() + "\"";
-            outer += "?>\n";
-            break;
-        case pugi::node_pi:
-            AddProcInstr(node.name(), node.value());
-            outer += ProcessingInstructionText(node.name(), node.value());
-            break;
-        case pugi::node_comment:
-            outer += std::string("<!--") + node.value() + "-->";
-            break;
-        case pugi::node_doctype:
-            outer += std::string("<!DOCTYPE ") + node.value() + ">";
-            break;
-        default:
-            break;
-        }
+    // What stands around the document element is taken as the pieces take it: the parser
+    // would let text and further elements there pass unseen.
+    CLayoutReader outline(bytes, *this);
+    if (!outline.ReadOutline()) {
+        ErrorBox(FormatMessage("Die Datei%n%1%nist offensichtlich keine Anlagen-Datei.%m"
+                               "Der Fehler entsteht in der Nähe des %2. Zeichen in der Datei.%n"
+                               "Vor oder nach dem Dokument-Element steht etwas anderes als Kommentare, "
+                               "Verarbeitungsanweisungen und Leerraum.",
+                               path,
+                               static_cast<long long>(CharacterCount(
+                                   std::string_view(bytes.Data(), bytes.Size()), outline.FailedAt())) +
+                                   1));
+        return false;
     }
-    epilog_ += "\n";
-    return true;
+    prolog_ = outline.Prolog();
+    epilog_ = outline.Epilog();
+    pugi::xml_node element = document.document_element();
+    bool repaired = false;
+    DropRepeatedAttributes(element, this);
+    if (!ScreenElements(element, 1, this, repaired))
+        return false;
+    return BuildTree(document);
 }
 
 bool CAnlage::BuildTree(pugi::xml_document& document) {
@@ -165,6 +177,14 @@ bool CAnlage::BuildTree(pugi::xml_document& document) {
     if (!root_->ParseAttributes(element) || !root_->ParseSubnodes(element))
         return false;
     return root_->CheckNode();
+}
+
+// The simulator's layouts are "sutrackp" documents; another name is read all the same.
+void CAnlage::ReportUnusualDocumentElement() const {
+    if (root_->Name() != "sutrackp")
+        AddParseHint(FormatMessage("Das Dokument-Element der Datei heißt '%1' und nicht 'sutrackp';%n"
+                                   "die Datei wird trotzdem als Anlage gelesen.",
+                                   root_->Name()));
 }
 
 void CAnlage::ReadFileVersion() {
@@ -185,7 +205,7 @@ void CAnlage::RepairBuildingCollectionIds() {
             collections.push_back(chapter.get());
     std::vector<int> ids;
     for (INode* collection : collections)
-        ids.push_back(static_cast<int>(TextToNumber(AttributeText(*collection, "GebaudesammlungID"))));
+        ids.push_back(ClampedInteger(TextToNumber(AttributeText(*collection, "GebaudesammlungID"))));
     bool repaired = false;
     for (size_t i = 0; i < collections.size() && i < std::size(kCollectionIdOrder); ++i) {
         bool valid =
@@ -242,16 +262,37 @@ bool CAnlage::WriteDocument(CXmlWriter& writer) {
     return true;
 }
 
+namespace {
+// The check of a file just written, before it replaces the old one: read as a load reads it,
+// without building anything.
+bool CheckWrittenLayout(const std::string& tempPath, std::string& problem) {
+    CFileBytes bytes;
+    return bytes.Map(tempPath, problem) && CLayoutReader::Check(bytes, problem);
+}
+} // namespace
+
 bool CAnlage::Save(const std::string& path) {
     try {
-        SafeFileWriter file(path);
-        CXmlWriter writer(file.Handle());
-        if (!WriteDocument(writer))
-            throw CError(1000, FormatMessage("Ein Element der Anlage konnte nicht geschrieben werden."));
-        writer.Flush();
-        file.Commit();
+        CSaveTarget target(path);
+        if (target.WriteProtected() &&
+            !Ask(FormatMessage("Die Datei%n%1%nist schreibgeschützt.%mMöchten Sie sie trotzdem ersetzen?",
+                               target.Path())))
+            return false;
+        {
+            SafeFileWriter file(target);
+            CXmlWriter writer(file.Handle());
+            if (!WriteDocument(writer))
+                throw CError(1000, FormatMessage("Ein Element der Anlage konnte nicht geschrieben werden."));
+            writer.Flush();
+            file.Commit(CheckWrittenLayout);
+        }
         changed_ = false;
         path_ = path;
+        if (long others = target.OtherNames(); others > 0)
+            InfoBox(FormatMessage("Die Datei%n%1%nhat noch %2 weitere(n) Namen (harte Verknüpfungen).%m"
+                                  "Unter diesen steht weiterhin der alte Inhalt; gespeichert wurde nur unter "
+                                  "diesem Namen.",
+                                  target.Path(), others));
         return true;
     } catch (...) {
         ReportCurrentError("CAnlage.Save", FormatMessage("Die Anlage wurde NICHT gespeichert!!"));

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,7 +31,10 @@ public:
     CAnlage& operator=(const CAnlage&) = delete;
 
     // File -> DOM -> node tree -> checks. False (after telling the user) leaves an empty document.
+    // Nothing escapes: a failure of any kind is reported and answers false.
     bool Load(const std::string& path);
+    // The same for a layout already in memory; `name` is what messages call it.
+    bool LoadFromMemory(std::string_view text, const std::string& name);
     // Node tree -> file, through a temporary file in the same folder that then replaces the old one.
     bool Save(const std::string& path);
     void Clear();
@@ -61,10 +66,13 @@ public:
     bool WriteDocument(CXmlWriter& writer);
 
 private:
-    bool ParseDocument(const std::string& path);
-    bool ParseWholeDocument(const CFileBytes& bytes, const std::string& path);
+    // Fills the bytes (again, for a second reading); false with a German reason.
+    using ByteSource = std::function<bool(CFileBytes&, std::string& error)>;
+    bool LoadFrom(const std::string& path, const ByteSource& source);
+    bool ParseDocument(const std::string& path, const ByteSource& source);
+    bool ParseWholeDocument(CFileBytes& bytes, const std::string& path);
     bool BuildTree(pugi::xml_document& document);
-    bool ReadDocumentLevel(pugi::xml_document& document);
+    void ReportUnusualDocumentElement() const;
     void ReadFileVersion();
     void RepairBuildingCollectionIds();
     bool CheckTerrain() const;

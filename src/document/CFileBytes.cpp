@@ -20,7 +20,8 @@ size_t PageSize() {
 
 class FileHandle {
 public:
-    explicit FileHandle(const std::string& path) : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    explicit FileHandle(const std::string& path)
+        : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
     ~FileHandle() {
         if (fd_ >= 0)
             close(fd_);
@@ -66,31 +67,98 @@ void CFileBytes::Free() {
     size_ = capacity_ = released_ = 0;
 }
 
+namespace {
+// Why a path cannot be read as a layout, or empty when it is an ordinary file.
+std::string KindProblem(const std::string& path, const struct stat& info) {
+    if (S_ISREG(info.st_mode))
+        return {};
+    if (S_ISDIR(info.st_mode))
+        return FormatMessage("%1%nist ein Ordner und keine Anlagen-Datei.", path);
+    if (S_ISFIFO(info.st_mode))
+        return FormatMessage("%1%nist eine benannte Pipe (FIFO) und keine Anlagen-Datei.", path);
+    if (S_ISCHR(info.st_mode) || S_ISBLK(info.st_mode))
+        return FormatMessage("%1%nist ein Gerät und keine Anlagen-Datei.", path);
+    if (S_ISSOCK(info.st_mode))
+        return FormatMessage("%1%nist ein Socket und keine Anlagen-Datei.", path);
+    return FormatMessage("%1%nist keine gewöhnliche Datei und keine Anlagen-Datei.", path);
+}
+
+std::string OpenProblem(const std::string& path, int error, bool statWorked) {
+    switch (error) {
+    case ENOENT:
+        return FormatMessage("Die Datei%n%1%nexistiert nicht.", path);
+    case EACCES:
+    case EPERM:
+        return statWorked
+                   ? FormatMessage("Die Datei%n%1%ndarf nicht gelesen werden: es fehlt die Leseberechtigung.",
+                                   path)
+                   : FormatMessage("Die Datei%n%1%nist nicht erreichbar: für einen ihrer Ordner fehlt die "
+                                   "Berechtigung.",
+                                   path);
+    case ENOMEM:
+        return FormatMessage("Für das Laden der Datei%n%1%nreicht der Arbeitsspeicher nicht.", path);
+    default:
+        return FormatMessage("Die Datei%n%1%nkann nicht gelesen werden:%n%2", path, SystemErrorText(error));
+    }
+}
+} // namespace
+
+// The kind of file is tested before it is opened: opening a named pipe would wait for a writer.
 bool CFileBytes::Read(const std::string& path, std::string& error) {
-    FileHandle file(path);
     struct stat info {};
+    if (::stat(path.c_str(), &info) != 0) {
+        error = OpenProblem(path, errno, false);
+        return false;
+    }
+    error = KindProblem(path, info);
+    if (!error.empty())
+        return false;
+    FileHandle file(path);
     if (file.Fd() < 0 || fstat(file.Fd(), &info) != 0) {
-        error = SystemErrorText(errno);
+        error = OpenProblem(path, errno, true);
         return false;
     }
-    if (!S_ISREG(info.st_mode)) {
-        error = FormatMessage("Das ist keine gewöhnliche Datei.");
+    error = KindProblem(path, info);
+    if (!error.empty())
+        return false;
+    try {
+        Allocate(static_cast<size_t>(info.st_size));
+    } catch (const std::bad_alloc&) {
+        error = OpenProblem(path, ENOMEM, true);
         return false;
     }
-    Allocate(static_cast<size_t>(info.st_size));
     size_t done = 0;
     while (done < size_) {
         ssize_t got = read(file.Fd(), data_ + done, size_ - done);
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0) {
-            error = got < 0 ? SystemErrorText(errno)
-                            : FormatMessage("Die Datei wurde während des Lesens kürzer.");
+            error = got < 0 ? OpenProblem(path, errno, true)
+                            : FormatMessage("Die Datei%n%1%nwurde während des Lesens kürzer.", path);
             Free();
             return false;
         }
         done += static_cast<size_t>(got);
     }
+    return true;
+}
+
+bool CFileBytes::Map(const std::string& path, std::string& error) {
+    Free();
+    FileHandle file(path);
+    struct stat info {};
+    if (file.Fd() < 0 || fstat(file.Fd(), &info) != 0) {
+        error = OpenProblem(path, errno, true);
+        return false;
+    }
+    size_t size = static_cast<size_t>(info.st_size);
+    void* memory = size == 0 ? MAP_FAILED : mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.Fd(), 0);
+    if (memory == MAP_FAILED)
+        return Read(path, error);
+    data_ = static_cast<char*>(memory);
+    size_ = capacity_ = size;
+    released_ = 0;
+    mapped_ = true;
     return true;
 }
 

@@ -16,6 +16,9 @@ public:
 
     // Reads the whole file; false with a German reason in `error`.
     bool Read(const std::string& path, std::string& error);
+    // Maps a file into memory read-only, without copying it (a file Kavrin has just written
+    // and nobody else changes); false with a German reason in `error`.
+    bool Map(const std::string& path, std::string& error);
     // Takes a copy of text already in memory (for tests and for parsing from memory).
     void Assign(const char* data, size_t size);
 

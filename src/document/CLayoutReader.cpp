@@ -21,6 +21,9 @@ namespace {
 using Kind = CXmlScanner::Kind;
 
 constexpr std::string_view kPieceOpen = "<k>";
+// The depth of a piece's elements: the children of a chapter, itself a child of the document
+// element. (Pieces between chapters hold no elements.)
+constexpr int kPieceDepth = 2;
 constexpr std::string_view kPieceClose = "</k>";
 
 // Each piece's parser memory is freed and asked for again; while a layout is read, the heap
@@ -52,8 +55,46 @@ char* ParserBuffer(size_t size) {
 }
 } // namespace
 
-CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage& anlage)
+CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage& anlage) : CLayoutReader(bytes, &anlage) {}
+
+CLayoutReader::CLayoutReader(CFileBytes& bytes, CAnlage* anlage)
     : bytes_(bytes), anlage_(anlage), scanner_(bytes.Data(), bytes.Size()) {}
+
+bool CLayoutReader::Check(CFileBytes& bytes, std::string& problem) {
+    CLayoutReader reader(bytes, nullptr);
+    std::unique_ptr<INode> root;
+    Result result = reader.Read(root);
+    if (result == Result::NotXml)
+        return CheckWhole(bytes, problem);
+    if (result == Result::Failed)
+        problem = reader.problem_;
+    return result == Result::Ok;
+}
+
+// As a load does when the pieces fail: the parser reads the file whole.
+bool CLayoutReader::CheckWhole(CFileBytes& bytes, std::string& problem) {
+    pugi::xml_document document;
+    pugi::xml_parse_result parsed =
+        document.load_buffer(bytes.Data(), bytes.Size(), kLayoutParseOptions, pugi::encoding_utf8);
+    if (!parsed) {
+        problem = FormatMessage("sie ist kein wohlgeformtes XML (%1)", XmlParseReason(parsed.status));
+        return false;
+    }
+    CLayoutReader reader(bytes, nullptr);
+    if (!reader.ReadOutline()) {
+        problem = FormatMessage("vor oder nach dem Dokument-Element steht etwas anderes als Kommentare, "
+                                "Verarbeitungsanweisungen und Leerraum");
+        return false;
+    }
+    pugi::xml_node element = document.document_element();
+    if (pugi::xml_attribute repeated = RepeatedAttribute(element)) {
+        problem = RepeatedAttributeProblem(element, repeated);
+        return false;
+    }
+    bool ok = reader.CheckElements(element, 1);
+    problem = reader.problem_;
+    return ok;
+}
 
 CLayoutReader::Result CLayoutReader::Read(std::unique_ptr<INode>& root) {
     HeapKeptWhileReading heap;
@@ -89,10 +130,13 @@ bool CLayoutReader::ReadProlog(Token& rootTag) {
         bool allowed = token.kind == Kind::Instruction || token.kind == Kind::Comment ||
                        token.kind == Kind::Doctype ||
                        (token.kind == Kind::Text && scanner_.OnlySpace(token.begin, token.end));
-        if (!allowed)
+        if (!allowed) {
+            failedAt_ = token.begin;
             return false;
+        }
         pos = token.end;
     }
+    failedAt_ = bytes_.Size();
     return false;
 }
 
@@ -103,19 +147,51 @@ bool CLayoutReader::ReadEpilog(size_t rootEnd, std::string_view rootName) {
         Token token = scanner_.Next(pos);
         bool allowed = token.kind == Kind::Instruction || token.kind == Kind::Comment ||
                        (token.kind == Kind::Text && scanner_.OnlySpace(token.begin, token.end));
-        if (!allowed)
+        if (!allowed) {
+            failedAt_ = token.begin;
             return false;
+        }
         pos = token.end;
     }
     epilog_.assign(bytes_.Data() + rootEnd, bytes_.Size() - rootEnd);
     std::string outline = prolog_ + "<" + std::string(rootName) + "/>" + epilog_;
     pugi::xml_document document;
-    if (!document.load_buffer(outline.data(), outline.size(), kLayoutParseOptions, pugi::encoding_utf8))
+    if (!document.load_buffer(outline.data(), outline.size(), kLayoutParseOptions, pugi::encoding_utf8)) {
+        failedAt_ = rootEnd;
         return false;
-    for (pugi::xml_node node : document.children())
-        if (node.type() == pugi::node_pi)
-            anlage_.AddProcInstr(node.name(), node.value());
+    }
+    if (anlage_)
+        for (pugi::xml_node node : document.children())
+            if (node.type() == pugi::node_pi)
+                anlage_->AddProcInstr(node.name(), node.value());
     return true;
+}
+
+// The document element ends with the last end tag of its name.
+bool CLayoutReader::ReadOutline() {
+    Token rootTag;
+    if (!ReadProlog(rootTag))
+        return false;
+    std::string rootName(rootTag.name);
+    size_t rootEnd = rootTag.end;
+    if (rootTag.kind == Kind::StartTag) {
+        std::string_view text(bytes_.Data(), bytes_.Size());
+        std::string tag = "</" + rootName;
+        rootEnd = CXmlScanner::npos;
+        for (size_t at = text.rfind(tag); at != std::string_view::npos && at > rootTag.begin;
+             at = text.rfind(tag, at - 1)) {
+            size_t next = CXmlScanner::npos;
+            if (FindEndTag(rootName, at, next) == at) {
+                rootEnd = next;
+                break;
+            }
+        }
+        if (rootEnd == CXmlScanner::npos) {
+            failedAt_ = bytes_.Size();
+            return false;
+        }
+    }
+    return ReadEpilog(rootEnd, rootName);
 }
 
 std::unique_ptr<INode> CLayoutReader::NodeOfStartTag(INode* parent, const Token& tag, Result& result) {
@@ -129,13 +205,22 @@ std::unique_ptr<INode> CLayoutReader::NodeOfStartTag(INode* parent, const Token&
     }
     pugi::xml_node element = document.document_element();
     std::unique_ptr<INode> node;
+    if (Checking()) {
+        if (pugi::xml_attribute repeated = RepeatedAttribute(element)) {
+            problem_ = RepeatedAttributeProblem(element, repeated);
+            result = Result::Failed;
+            return nullptr;
+        }
+        return std::make_unique<CNodeUnknown>();
+    }
+    DropRepeatedAttributes(element, anlage_);
     if (parent) {
         node = StartChildNode(*parent, element);
     } else {
         auto root = std::make_unique<CNodeRoot>();
         root->BeginReading();
         node = std::move(root);
-        node->SetAnlage(&anlage_);
+        node->SetAnlage(anlage_);
         node->SetName(element.name());
         if (!node->ParseAttributes(element))
             node.reset();
@@ -150,9 +235,11 @@ CLayoutReader::Result CLayoutReader::ReadRootContent(INode& root, const Token& r
     size_t pos = rootTag.end;
     while (true) {
         // Each chapter is a child of the document element like any other: one event round.
-        UI().ProcessPendingEvents();
-        if (UI().ParseLog().Cancelled())
-            return Result::Failed;
+        if (!Checking()) {
+            UI().ProcessPendingEvents();
+            if (UI().ParseLog().Cancelled())
+                return Result::Failed;
+        }
         Token token = scanner_.Next(pos);
         switch (token.kind) {
         case Kind::EndTag:
@@ -207,6 +294,8 @@ CLayoutReader::Result CLayoutReader::ReadChapter(INode& root, const Token& start
             return result;
         ok = result == Result::Ok;
     }
+    if (Checking())
+        return ok ? Result::Ok : Result::Failed;
     return FinishChildNode(root, std::move(chapter), ok) ? Result::Ok : Result::Failed;
 }
 
@@ -359,14 +448,46 @@ CLayoutReader::Result CLayoutReader::ReadPiece(INode& parent, size_t begin, size
     pugi::xml_document document;
     if (!document.load_buffer_inplace_own(buffer, size, kLayoutParseOptions, pugi::encoding_utf8))
         return Result::NotXml;
-    bool ok;
-    {
+    pugi::xml_node wrapper = document.document_element();
+    bool ok, repaired = false;
+    if (Checking()) {
+        ok = CheckElements(wrapper, kPieceDepth);
+    } else if (!ScreenElements(wrapper, kPieceDepth, anlage_, repaired)) {
+        ok = false;
+    } else if (repaired) {
+        // The file's own text of an element no longer matches what was read: the piece is
+        // read from the DOM alone.
+        ok = ParseChildren(parent, wrapper);
+    } else {
         CParseSource source(std::string_view(bytes_.Data(), bytes_.Size()), begin, end, kPieceOpen.size());
-        pugi::xml_node wrapper = document.document_element();
         ok = ParseChildren(parent, wrapper);
     }
     bytes_.ReleaseBefore(end);
     return ok ? Result::Ok : Result::Failed;
+}
+
+// What a load refuses below an element: markup other than elements, text and instructions,
+// elements nested deeper than a load reads, and an attribute named twice in one element (which
+// the simulator's parser refuses).
+bool CLayoutReader::CheckElements(const XmlElement& top, int depth) {
+    return ForEachBelow(top, depth, [this](const pugi::xml_node& node, int depth) {
+        pugi::xml_node_type type = node.type();
+        if (type == pugi::node_element) {
+            if (depth > kMaxNestingDepth) {
+                problem_ =
+                    FormatMessage("ihre Elemente sind tiefer als %1 Ebenen verschachtelt", kMaxNestingDepth);
+                return false;
+            }
+            if (pugi::xml_attribute repeated = RepeatedAttribute(node)) {
+                problem_ = RepeatedAttributeProblem(node, repeated);
+                return false;
+            }
+        } else if (type != pugi::node_pcdata && type != pugi::node_pi) {
+            problem_ = FormatMessage("sie enthält einen Eintrag, den das Laden ablehnt (%1)", node.value());
+            return false;
+        }
+        return true;
+    });
 }
 
 } // namespace kavrin

@@ -29,6 +29,15 @@ public:
     CLayoutReader(CFileBytes& bytes, CAnlage& anlage);
 
     Result Read(std::unique_ptr<INode>& root);
+    // Reads a file just written as Read would, in the same pieces, but builds nothing: whether
+    // Kavrin can load it again as far as its markup tells. False with the reason in `problem`.
+    static bool Check(CFileBytes& bytes, std::string& problem);
+    // For a file the parser has read whole after all: only what stands before and after the
+    // document element, checked as Read checks it (the parser itself lets text and further
+    // elements there pass unseen). False when anything but comments, instructions, a DOCTYPE
+    // and blanks stands there; FailedAt() then tells where.
+    bool ReadOutline();
+    size_t FailedAt() const { return failedAt_; }
     // Everything before the document element (declaration, comments, DOCTYPE, blanks) and after it.
     const std::string& Prolog() const { return prolog_; }
     const std::string& Epilog() const { return epilog_; }
@@ -54,11 +63,20 @@ private:
     // Parses file[begin, end) inside a wrapper element and walks its children into parent.
     Result ReadPiece(INode& parent, size_t begin, size_t end);
 
+    CLayoutReader(CFileBytes& bytes, CAnlage* anlage);
+    static bool CheckWhole(CFileBytes& bytes, std::string& problem);
+    // Checks the elements below `top` (its children at `depth`) for what a load would refuse
+    // (no tree is built).
+    bool CheckElements(const XmlElement& top, int depth);
+    bool Checking() const { return anlage_ == nullptr; }
+
     CFileBytes& bytes_;
-    CAnlage& anlage_;
+    CAnlage* anlage_; // nullptr while checking
+    std::string problem_;
     CXmlScanner scanner_;
     std::string prolog_;
     std::string epilog_;
+    size_t failedAt_ = 0;
 };
 
 } // namespace kavrin

@@ -5,6 +5,7 @@
 
 #include "core/CStringPack.h"
 #include "document/CXmlWriter.h"
+#include "document/NodeAttributes.h"
 #include "document/NodeTree.h"
 
 namespace kavrin {
@@ -24,6 +25,8 @@ void CNodeBase::SetName(std::string_view name) {
 }
 
 bool CNodeBase::ParseAttributes(const XmlElement& element) {
+    // The attribute being checked, for the report of a value the class cannot read.
+    std::string_view checked, checkedValue;
     try {
         // Names and values are measured once; the store is made to fit them in one go.
         thread_local std::vector<std::pair<std::string_view, std::string_view>> read;
@@ -36,12 +39,25 @@ bool CNodeBase::ParseAttributes(const XmlElement& element) {
         attributes_.Reserve(read.size(), bytes);
         for (const auto& [name, value] : read) {
             // Names are kept with any prefix, so namespace declarations survive a save.
+            checked = name, checkedValue = value;
             std::string_view kept = CheckAttribute(name, value);
+            checked = checkedValue = {};
             attributes_.Add(AttributeNames().PutString(name), kept);
         }
         return true;
     } catch (...) {
-        ReportCurrentError(std::string(ClassName()) + ".INode_ParseAttributes");
+        std::string procedure = Proc("INode_ParseAttributes");
+        if (checked.empty())
+            ReportCurrentError(procedure,
+                               FormatMessage("Die Anlage kann nicht geladen werden:%nDas Element '%1' "
+                                             "kann nicht gelesen werden.",
+                                             element.name()));
+        else
+            ReportBadValue(procedure, Parent() ? *Parent() : static_cast<const INode&>(*this), element.name(),
+                           checked, checkedValue,
+                           NameIs(element.name(), "Gleis") && checked != "GleisID"
+                               ? element.attribute("GleisID").value()
+                               : "");
         return false;
     }
 }
@@ -223,6 +239,14 @@ void CNodeBase::CopyBaseContent(const INode& source) {
     writtenAsPair_ = source.WrittenAsPair();
     if (const auto* base = dynamic_cast<const CNodeBase*>(&source))
         childOrder_.CopyFrom(base->childOrder_);
+}
+
+std::string_view CNodeBase::OwnNumber(std::string_view name, std::string_view value, double& field) {
+    field = TextToNumber(value);
+    if (FileNumberFits(field))
+        return kOwnedValue;
+    ReportNumberKeptAsRead(Name(), name, value);
+    return value;
 }
 
 bool CNodeBase::NoSubnodesAccepted() {

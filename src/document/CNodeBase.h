@@ -84,6 +84,9 @@ protected:
                                const std::function<bool(std::string_view, std::string_view)>& take);
     bool Reading() const { return reading_; }
 
+    // Reads a number the class keeps (kOwnedValue). One the file's number format cannot carry
+    // stays as read, with a hint, and only its value goes into the field.
+    std::string_view OwnNumber(std::string_view name, std::string_view value, double& field);
     // For classes that take no children: a hint and false when some arrived nevertheless.
     bool NoSubnodesAccepted();
     // Procedure name for error reports: class name, a point, the member.

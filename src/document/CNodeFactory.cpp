@@ -58,6 +58,11 @@ const std::unordered_map<std::string_view, Creator>& Classes() {
 std::unique_ptr<INode> CNodeFactory::Create(int16_t elementNameIndex, std::string_view parentName) {
     // Creators by element-name pack index, filled as names are met: no hashing per element.
     static std::vector<Creator> byIndex;
+    static uint32_t generation = 0;
+    if (ElementNames().Generation() != generation) {
+        byIndex.clear();
+        generation = ElementNames().Generation();
+    }
     const std::string& name = ElementNames().GetString(elementNameIndex);
     if (name == "Gleis")
         return Create(name, parentName);

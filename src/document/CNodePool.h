@@ -4,6 +4,15 @@
 #include <new>
 #include <vector>
 
+// GCC names AddressSanitizer with a macro, clang (the fuzzer) only through __has_feature.
+#if defined(__SANITIZE_ADDRESS__)
+#define KAVRIN_NODES_FROM_THE_HEAP 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define KAVRIN_NODES_FROM_THE_HEAP 1
+#endif
+#endif
+
 namespace kavrin {
 
 // Memory for the nodes a large layout holds by the hundred thousand (tracks, buildings), cut in
@@ -14,7 +23,7 @@ namespace kavrin {
 template <size_t BlockSize> class CNodePool {
 public:
     static void* Allocate() {
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KAVRIN_NODES_FROM_THE_HEAP
         return ::operator new(BlockSize);
 #else
         if (freeList_) {
@@ -31,7 +40,7 @@ public:
     }
 
     static void Free(void* block) {
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KAVRIN_NODES_FROM_THE_HEAP
         ::operator delete(block);
 #else
         auto* freed = static_cast<FreeBlock*>(block);

@@ -74,6 +74,12 @@ void CXmlWriter::ProcessingInstruction(std::string_view name, std::string_view v
     buffer_ += ProcessingInstructionText(name, value);
 }
 
+std::string EscapedText(std::string_view text) {
+    CXmlWriter writer;
+    writer.Escaped(text, false);
+    return writer.Result();
+}
+
 std::string ProcessingInstructionText(std::string_view name, std::string_view value) {
     std::string text = "<?";
     text.append(name);

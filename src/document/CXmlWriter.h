@@ -32,6 +32,7 @@ public:
     int OpenElements() const { return static_cast<int>(stack_.size()); }
 
 private:
+    friend std::string EscapedText(std::string_view text);
     void CloseStartTag();
     void Escaped(std::string_view text, bool inAttribute);
     void MaybeFlush();
@@ -41,6 +42,9 @@ private:
     std::string stack_; // names of open elements, separated by '\0'
     bool startTagOpen_ = false;
 };
+
+// A text as the writer writes it.
+std::string EscapedText(std::string_view text);
 
 // "<?name value?>" (no blank when there is no value).
 std::string ProcessingInstructionText(std::string_view name, std::string_view value);

@@ -24,6 +24,57 @@ void SetAttributeText(INode& node, std::string_view name, std::string text) {
         node.Attributes().Add(key, text);
 }
 
+namespace {
+// " (Gleis 12 im Gleissystem 1)" for anything inside a track, else empty.
+std::string TrackLocation(const INode* node, std::string_view ownTrackId) {
+    std::string trackId(ownTrackId);
+    for (; node && trackId.empty(); node = node->Parent())
+        if (node->Name() == "Gleis" && HasAttribute(*node, "GleisID")) {
+            trackId = AttributeText(*node, "GleisID");
+            break;
+        }
+    if (trackId.empty())
+        return {};
+    for (; node; node = node->Parent())
+        if (node->Name() == "Gleissystem" && HasAttribute(*node, "GleissystemID"))
+            return FormatMessage(" (Gleis %1 im Gleissystem %2)", trackId,
+                                 AttributeText(*node, "GleissystemID"));
+    return FormatMessage(" (Gleis %1)", trackId);
+}
+
+std::string WhatIsWrong(const CError& failure) {
+    if (failure.Number() == CError::TypeMismatch().Number())
+        return FormatMessage("der keine Zahl ist");
+    if (failure.Number() == CError::Overflow().Number())
+        return FormatMessage("der außerhalb des erlaubten Bereichs liegt");
+    return FormatMessage("den Kavrin nicht lesen kann");
+}
+} // namespace
+
+std::string BadValueText(const INode& node, std::string_view element, std::string_view attribute,
+                         std::string_view value, const CError& failure, std::string_view ownTrackId) {
+    std::string where = TrackLocation(&node, ownTrackId);
+    if (attribute.empty())
+        return FormatMessage(
+            "Die Anlage kann nicht geladen werden:%nDas Element '%1'%2 hat den Text '%3', %4.", element,
+            where, value, WhatIsWrong(failure));
+    return FormatMessage("Die Anlage kann nicht geladen werden:%nIm Element '%1'%2 hat das Attribut '%3' den "
+                         "Wert '%4', %5.",
+                         element, where, attribute, value, WhatIsWrong(failure));
+}
+
+void ReportBadValue(std::string_view procedure, const INode& node, std::string_view element,
+                    std::string_view attribute, std::string_view value, std::string_view ownTrackId) {
+    CError failure = CError::FromCurrentException();
+    ReportError(procedure, failure, BadValueText(node, element, attribute, value, failure, ownTrackId));
+}
+
+void ReportNumberKeptAsRead(std::string_view element, std::string_view attribute, std::string_view text) {
+    AddParseHint(FormatMessage("Die Zahl '%1' im Attribut '%2' von '%3' ist zu groß für das Zahlenformat "
+                               "der Datei;%nsie wird so geschrieben, wie sie steht.",
+                               text, attribute, element));
+}
+
 void AddOwnedAttribute(INode& node, std::string_view name) {
     int16_t key = AttributeNames().PutString(name);
     if (!node.Attributes().Exists(key))

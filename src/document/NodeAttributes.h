@@ -13,6 +13,17 @@ std::string AttributeText(const INode& node, std::string_view name);
 bool HasAttribute(const INode& node, std::string_view name);
 // Sets the kept text of an attribute, appending it when the node has none of that name.
 void SetAttributeText(INode& node, std::string_view name, std::string text);
+// The caller's text of the error report for a value a node cannot read: which element (and in
+// which track), which attribute (empty: the element's text), which value, and what is wrong
+// with it. `node` is the node being read or, while it has no node yet, its parent.
+std::string BadValueText(const INode& node, std::string_view element, std::string_view attribute,
+                         std::string_view value, const CError& failure, std::string_view ownTrackId = {});
+// The same for the failure currently being handled.
+void ReportBadValue(std::string_view procedure, const INode& node, std::string_view element,
+                    std::string_view attribute, std::string_view value, std::string_view ownTrackId = {});
+
+// The hint for a number too large for the file's number format, which is written back as read.
+void ReportNumberKeptAsRead(std::string_view element, std::string_view attribute, std::string_view text);
 // Appends an attribute name whose value the class owns, unless the node has it already.
 void AddOwnedAttribute(INode& node, std::string_view name);
 

@@ -1,6 +1,9 @@
 #include "document/NodeTree.h"
 
+#include <cstring>
 #include <pugixml.hpp>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "core/CStringPack.h"
@@ -60,13 +63,26 @@ bool HandleProcessingInstruction(INode& parent, const pugi::xml_node& node) {
     return true;
 }
 
-bool ParseChildNode(INode& parent, pugi::xml_node& node) {
+// An element's text, when it is all its content or comes first, is its Text (written before its
+// children). Text after a child, or a second text, stays where it stands among the children.
+bool HandleText(INode& parent, const pugi::xml_node& node, bool first) {
+    if (first && parent.SubNodes().Count() == 0 && parent.Text().empty()) {
+        parent.SetText(node.value());
+        return true;
+    }
+    auto kept = std::make_unique<CNodeRaw>(EscapedText(node.value()));
+    kept->SetName("#text");
+    kept->SetAnlage(parent.Anlage());
+    AppendChild(parent, std::move(kept));
+    return true;
+}
+
+bool ParseChildNode(INode& parent, pugi::xml_node& node, bool first) {
     switch (node.type()) {
     case pugi::node_element:
         return ParseChildElement(parent, node);
     case pugi::node_pcdata:
-        parent.SetText(node.value());
-        return true;
+        return HandleText(parent, node, first);
     case pugi::node_pi:
         return HandleProcessingInstruction(parent, node);
     default:
@@ -82,12 +98,14 @@ bool ParseChildren(INode& parent, XmlElement& element) {
     // file read in pieces frees each piece's DOM whole instead.
     bool consume = CParseSource::Current() == nullptr;
     pugi::xml_node child = element.first_child();
+    bool first = true;
     while (child) {
         UI().ProcessPendingEvents();
         if (log.Cancelled())
             return false;
-        if (!ParseChildNode(parent, child))
+        if (!ParseChildNode(parent, child, first))
             return false;
+        first = false;
         pugi::xml_node next = child.next_sibling();
         if (consume)
             element.remove_child(child);
@@ -107,10 +125,115 @@ NestingLevel::~NestingLevel() {
 bool NestingLevel::Allowed(const char* elementName) {
     if (gDepth < kMaxNestingDepth)
         return true;
+    ReportTooDeep(elementName);
+    return false;
+}
+
+void NestingLevel::ReportTooDeep(const char* elementName) {
     AddParseHint(FormatMessage("Die Elemente der Datei sind tiefer als %1 Ebenen verschachtelt;%n"
                                "so ist keine Anlage aufgebaut. '%2' wird nicht mehr gelesen.",
                                kMaxNestingDepth, elementName));
-    return false;
+}
+
+bool ForEachBelow(const XmlElement& top, int depth,
+                  const std::function<bool(const XmlElement&, int)>& visit) {
+    pugi::xml_node node = top.first_child();
+    while (node) {
+        if (!visit(node, depth))
+            return false;
+        if (pugi::xml_node child = node.first_child()) {
+            node = child;
+            ++depth;
+            continue;
+        }
+        while (node != top && !node.next_sibling()) {
+            node = node.parent();
+            --depth;
+        }
+        if (node == top)
+            break;
+        node = node.next_sibling();
+    }
+    return true;
+}
+
+namespace {
+// FNV-1a over a zero-terminated name.
+uint32_t NameHash(const char* name) {
+    uint32_t hash = 2166136261u;
+    for (; *name; ++name)
+        hash = (hash ^ static_cast<unsigned char>(*name)) * 16777619u;
+    return hash;
+}
+} // namespace
+
+// Every element of a file passes here, so the test is a small hash table on the stack; names
+// are compared only when their hashes meet. An element with very many attributes takes a set.
+pugi::xml_attribute RepeatedAttribute(const XmlElement& element) {
+    pugi::xml_attribute first = element.first_attribute();
+    if (!first || !first.next_attribute())
+        return {};
+    constexpr size_t kNames = 32;
+    constexpr size_t kSlots = 2 * kNames;
+    uint8_t slots[kSlots] = {}; // 0: empty, else 1 + the index of the name
+    const char* names[kNames];
+    uint32_t hashes[kNames];
+    size_t count = 0;
+    for (pugi::xml_attribute a = first; a; a = a.next_attribute()) {
+        if (count == kNames) {
+            std::unordered_set<std::string_view> seen;
+            for (pugi::xml_attribute b = first; b; b = b.next_attribute())
+                if (!seen.insert(b.name()).second)
+                    return b;
+            return {};
+        }
+        const char* name = a.name();
+        uint32_t hash = NameHash(name);
+        size_t at = hash & (kSlots - 1);
+        for (; slots[at]; at = (at + 1) & (kSlots - 1)) {
+            size_t other = slots[at] - 1u;
+            if (hashes[other] == hash && std::strcmp(names[other], name) == 0)
+                return a;
+        }
+        names[count] = name;
+        hashes[count] = hash;
+        slots[at] = static_cast<uint8_t>(++count);
+    }
+    return {};
+}
+
+bool ScreenElements(XmlElement& top, int depth, CAnlage* anlage, bool& repaired) {
+    return ForEachBelow(top, depth, [anlage, &repaired](const pugi::xml_node& node, int level) {
+        if (node.type() != pugi::node_element)
+            return true;
+        if (level > kMaxNestingDepth) {
+            NestingLevel::ReportTooDeep(node.name());
+            return false;
+        }
+        pugi::xml_node element = node;
+        if (element.first_attribute() && DropRepeatedAttributes(element, anlage) > 0)
+            repaired = true;
+        return true;
+    });
+}
+
+std::string RepeatedAttributeProblem(const XmlElement& element, const pugi::xml_attribute& repeated) {
+    return FormatMessage("das Attribut '%1' steht mehrfach im Element '%2'", repeated.name(), element.name());
+}
+
+size_t DropRepeatedAttributes(XmlElement& element, CAnlage* anlage) {
+    size_t dropped = 0;
+    while (pugi::xml_attribute repeated = RepeatedAttribute(element)) {
+        AddParseHint(FormatMessage(
+            "Das Attribut '%1' steht mehrfach im Element '%2'; es gilt das erste (\"%3\"),%n"
+            "das weitere (\"%4\") wird verworfen.",
+            repeated.name(), element.name(), element.attribute(repeated.name()).value(), repeated.value()));
+        element.remove_attribute(repeated);
+        ++dropped;
+    }
+    if (dropped > 0 && anlage)
+        anlage->SetChangedWhileLoading();
+    return dropped;
 }
 
 std::unique_ptr<INode> StartChildNode(INode& parent, const XmlElement& element) {

@@ -1,9 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "document/INode.h"
+
+namespace pugi {
+class xml_attribute;
+}
 
 namespace kavrin {
 
@@ -28,7 +34,23 @@ public:
     NestingLevel(const NestingLevel&) = delete;
     NestingLevel& operator=(const NestingLevel&) = delete;
     static bool Allowed(const char* elementName);
+    // The hint that `elementName` lies too deep; the load stops there.
+    static void ReportTooDeep(const char* elementName);
 };
+
+// Visits every node below `top` in document order with its nesting depth (top's children have
+// `depth`); stops at the first visit that answers false, and answers false then.
+bool ForEachBelow(const XmlElement& top, int depth, const std::function<bool(const XmlElement&, int)>& visit);
+// The first attribute of an element whose name an earlier attribute of it has already.
+pugi::xml_attribute RepeatedAttribute(const XmlElement& element);
+// Keeps the first of each attribute name and removes the repeats, each named in a hint; a
+// repair that makes the layout count as changed. The number removed.
+size_t DropRepeatedAttributes(XmlElement& element, CAnlage* anlage);
+// Before the elements below `top` (its children at `depth`) are read: repeated attributes are
+// dropped (`repaired`), and elements nested too deep are refused with a hint (false).
+bool ScreenElements(XmlElement& top, int depth, CAnlage* anlage, bool& repaired);
+// "das Attribut 'x' steht mehrfach im Element 'Vektor'"
+std::string RepeatedAttributeProblem(const XmlElement& element, const pugi::xml_attribute& repeated);
 // Appends a child the parent is meant to keep (built in code, not parsed).
 void AppendChild(INode& parent, std::unique_ptr<INode> child);
 // Writes a node as an element: attributes, text, children, close hook.

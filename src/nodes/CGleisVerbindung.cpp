@@ -28,19 +28,20 @@ CGleisVerbindung& CGleisVerbindung::operator=(const CGleisVerbindung& other) {
 std::optional<CGleisVerbindung> CGleisVerbindung::Read(const XmlElement& element) {
     CGleisVerbindung record(-1, -1, -1, -1);
     Attributes read;
+    bool id1 = false, id2 = false;
     for (pugi::xml_attribute attribute : element.attributes()) {
         std::string_view name = attribute.name(), value = attribute.value();
         if (name == kUsualNames[0])
-            record.gleisId1_ = CNodeGleisverbindung::TrackId(value);
+            id1 = CNodeGleisverbindung::TrackId(value, record.gleisId1_);
         else if (name == kUsualNames[1])
             record.end1_ = CNodeGleisverbindung::DecodeEnd(value);
         else if (name == kUsualNames[2])
-            record.gleisId2_ = CNodeGleisverbindung::TrackId(value);
+            id2 = CNodeGleisverbindung::TrackId(value, record.gleisId2_);
         else if (name == kUsualNames[3])
             record.end2_ = CNodeGleisverbindung::DecodeEnd(value);
         read.emplace_back(name, value);
     }
-    if (record.gleisId1_ == -1 || record.gleisId2_ == -1 || record.end1_ == -1 || record.end2_ == -1) {
+    if (!id1 || !id2 || record.end1_ == -1 || record.end2_ == -1) {
         AddParseHint(FormatMessage("Unvollständige Anschlussdaten in Gleisverbindung!"));
         return std::nullopt;
     }

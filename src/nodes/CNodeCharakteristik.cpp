@@ -20,8 +20,7 @@ std::string_view CNodeCharakteristik::CheckAttribute(std::string_view name, std:
     double* field = Field(name);
     if (!field)
         return value;
-    *field = TextToNumber(value);
-    return kOwnedValue;
+    return OwnNumber(name, value, *field);
 }
 
 Variant CNodeCharakteristik::XmlAttr(std::string_view name) const {
@@ -32,8 +31,7 @@ Variant CNodeCharakteristik::XmlAttr(std::string_view name) const {
 std::string_view CNodeAnfFuehrVerdrehung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name != "Wert")
         return value;
-    wert_ = TextToNumber(value);
-    return kOwnedValue;
+    return OwnNumber(name, value, wert_);
 }
 
 Variant CNodeAnfFuehrVerdrehung::XmlAttr(std::string_view name) const {

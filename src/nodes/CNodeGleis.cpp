@@ -11,6 +11,7 @@
 #include "nodes/CNodeAnfFuehrVerdrehung.h"
 #include "nodes/CNodeCharakteristik.h"
 #include "nodes/CNodeDreibein.h"
+#include "nodes/CNodeGleisSys.h"
 #include "nodes/CObjectTexte.h"
 #include "nodes/CTrackGeometry.h"
 #include "nodes/modNodes.h"
@@ -134,12 +135,28 @@ bool CNodeGleis::AddChild(std::unique_ptr<INode>& child) {
         if (ConsumeChild(child))
             return true;
     } catch (...) {
-        ReportCurrentError(Proc("INode_AddChild"));
+        ReportBadValue(Proc("INode_AddChild"), *child, child->Name(), {}, child->Text());
         return false;
     }
     if (curve_ && child->Name() == "Frame" && !keptFrame_)
         keptFrame_ = child.get();
+    ReportRepeatedPart(*child);
     return CNodeBase::AddChild(child);
+}
+
+// A second frame, characteristic or contact target is kept where it stands, but only the first
+// counts; the user learns which track has more than one.
+void CNodeGleis::ReportRepeatedPart(const INode& child) const {
+    const std::string& name = child.Name();
+    bool repeated =
+        (name == "Dreibein" && frame_.Present()) || (name == "Charakteristik" && hasCharakteristik_) ||
+        (name == "Anfangsfuehrungsverdrehung" && hasAnf_) || (name == "KontaktZiel" && kontaktZielRead_);
+    if (!repeated)
+        return;
+    const auto* system = dynamic_cast<const CNodeGleisSys*>(Parent());
+    AddParseHint(FormatMessage("Gleis %1 im Gleissystem %2 hat mehr als ein '%3';%n"
+                               "das erste gilt, jedes weitere bleibt in der Datei, gilt aber nicht.",
+                               id_, system ? system->ID() : gleisSysId_, name));
 }
 
 // The newer format's elements are read straight from the file, without nodes being made of them.
@@ -186,27 +203,31 @@ bool CNodeGleis::TakeClassicElement(const XmlElement& element) {
     }
     if (element.first_child())
         return false;
+    // A number the file's format cannot carry stays as read: the class keeps only its value.
+    auto own = [&name](double& field, std::string_view key, std::string_view value) {
+        field = TextToNumber(value);
+        if (FileNumberFits(field))
+            return true;
+        ReportNumberKeptAsRead(name, key, value);
+        return false;
+    };
     if (name == "Charakteristik" && !hasCharakteristik_) {
         NoteOwnedChild(kCharakteristikSlot);
         double* values[] = {&kruemmung_, &torsion_, &fVerdreh_, &laenge_};
         ReadAttributes(element, charakteristikAttributes_,
-                       [&values](std::string_view key, std::string_view value) {
+                       [&values, &own](std::string_view key, std::string_view value) {
                            int index = CNodeCharakteristik::ValueIndex(key);
-                           if (index >= 0)
-                               *values[index] = TextToNumber(value);
-                           return index >= 0;
+                           return index >= 0 && own(*values[index], key, value);
                        });
         hasCharakteristik_ = true;
         return true;
     }
     if (name == "Anfangsfuehrungsverdrehung" && !hasAnf_) {
         NoteOwnedChild(kAnfSlot);
-        ReadAttributes(element, anfFuehrAttributes_, [this](std::string_view key, std::string_view value) {
-            if (key != "Wert")
-                return false;
-            anfFuehrVerdrehung_ = TextToNumber(value);
-            return true;
-        });
+        ReadAttributes(element, anfFuehrAttributes_,
+                       [this, &own](std::string_view key, std::string_view value) {
+                           return key == "Wert" && own(anfFuehrVerdrehung_, key, value);
+                       });
         hasAnf_ = true;
         return true;
     }

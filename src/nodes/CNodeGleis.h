@@ -126,6 +126,7 @@ protected:
 
 private:
     bool ConsumeChild(std::unique_ptr<INode>& child);
+    void ReportRepeatedPart(const INode& child) const;
     bool TakeKontaktZiel(const INode& child);
     bool TakeClassicElement(const XmlElement& element);
     void SetReadKontaktZiel(int32_t target);

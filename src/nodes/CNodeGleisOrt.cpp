@@ -8,7 +8,7 @@ std::string_view CNodeGleisOrt::CheckAttribute(std::string_view name, std::strin
     else if (name == "gleisID")
         gleisId_ = TextToLong(value);
     else if (name == "parameter")
-        parameter_ = TextToNumber(value);
+        return OwnNumber(name, value, parameter_);
     else if (name == "ausrichtung")
         ausrichtung_ = TextToInteger(value);
     else

@@ -28,9 +28,9 @@ Variant CNodeGleisSys::XmlAttr(std::string_view name) const {
     return name == "GleissystemID" ? Variant{id_} : Variant{};
 }
 
-int16_t CNodeGleisSys::Number() const {
+int32_t CNodeGleisSys::Number() const {
     std::string number = AttributeText(*this, "TrackSystemNumber");
-    return number.empty() ? id_ : static_cast<int16_t>(TextToNumber(number));
+    return number.empty() ? id_ : ClampedInteger(TextToNumber(number));
 }
 
 std::span<const uint8_t> CNodeGleisSys::DefaultSlots() const {
@@ -67,6 +67,7 @@ bool CNodeGleisSys::AddChild(std::unique_ptr<INode>& child) {
         return true;
     if (auto* track = dynamic_cast<CNodeGleis*>(child.get())) {
         track->SetGleisSysID(id_);
+        ReportUnusualId(*track);
         gleise_.Add(track);
     } else if (child->Name() == "Gleisverbindung") {
         AddParseHint(
@@ -75,6 +76,21 @@ bool CNodeGleisSys::AddChild(std::unique_ptr<INode>& child) {
                           id_));
     }
     return CNodeBase::AddChild(child);
+}
+
+// A track id is a number from 1 up and unique in its system; a track with another is kept as
+// read, but connections to it are not made (the first of a repeated id is the one found).
+void CNodeGleisSys::ReportUnusualId(const CNodeGleis& track) const {
+    if (track.ID() <= 0)
+        AddParseHint(
+            FormatMessage("Gleis %1 im Gleissystem %2 hat keine gültige Gleis-ID (sie muss größer als 0 "
+                          "sein);%ndas Gleis bleibt erhalten, wird aber mit keinem Gleis verbunden.",
+                          track.ID(), id_));
+    else if (gleise_.Find(track.ID()))
+        AddParseHint(
+            FormatMessage("Die Gleis-ID %1 steht im Gleissystem %2 mehrfach; beide Gleise bleiben erhalten,%n"
+                          "Gleisverbindungen gelten dem ersten Gleis mit dieser ID.",
+                          track.ID(), id_));
 }
 
 // The tracks must have been read before their connections, as the simulator writes them. A
@@ -92,12 +108,21 @@ void CNodeGleisSys::TakeConnection(std::optional<CGleisVerbindung> record) {
             Anlage()->SetChangedWhileLoading();
         return;
     }
+    if (record->GleisID1() == record->GleisID2())
+        AddParseHint(FormatMessage("Gleis %1 im Gleissystem %2 ist mit sich selbst verbunden (%3 mit %4);%n"
+                                   "die Gleisverbindung bleibt in der Datei, verbindet aber nichts.",
+                                   record->GleisID1(), id_,
+                                   CNodeGleisverbindung::EncodeEnd(record->Anschluss1()),
+                                   CNodeGleisverbindung::EncodeEnd(record->Anschluss2())));
     NoteOwnedChild(kConnectionSlot);
     verbindungen_.push_back(std::move(*record));
     LinkEnds(verbindungen_.back());
 }
 
+// Only records between two tracks with valid ids become links of their ends.
 void CNodeGleisSys::LinkEnds(const CGleisVerbindung& record) {
+    if (record.GleisID1() == record.GleisID2() || record.GleisID1() <= 0 || record.GleisID2() <= 0)
+        return;
     auto link = [this](int32_t id, int16_t end, int32_t otherId, int16_t otherEnd) {
         CNodeGleis* track = gleise_.Find(id);
         if (track && end >= kAnfang && end <= kEndeKoAbzweig && track->Verbindung(end) <= 0) {

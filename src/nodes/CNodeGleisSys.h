@@ -32,8 +32,8 @@ public:
 
     int16_t ID() const { return id_; }
     // The kind of track system (1 Eisenbahn ... 6 GBS): "TrackSystemNumber" when the file has
-    // it, else the id.
-    int16_t Number() const;
+    // it, else the id. A number beyond the integers is cut to their range.
+    int32_t Number() const;
     C3Bein& DreiBein() { return frame_.DreiBein(); }
     const CGleise& Gleise() const { return gleise_; }
     CNodeGleis* FindGleis(int32_t gleisId) const { return gleise_.Find(gleisId); }
@@ -64,6 +64,7 @@ protected:
 private:
     // Keeps a record read from the file; drops one that is empty or names a missing track.
     void TakeConnection(std::optional<CGleisVerbindung> record);
+    void ReportUnusualId(const CNodeGleis& track) const;
     // Each track end names the first record that joins it.
     void LinkEnds(const CGleisVerbindung& record);
     void RelinkEnds(const std::vector<CGleisVerbindung>& changed);

@@ -22,22 +22,20 @@ const char* CNodeGleisverbindung::EncodeEnd(int16_t end) {
 }
 
 // A track id that is no number leaves the connection incomplete, so that it alone is dropped.
-int32_t CNodeGleisverbindung::TrackId(std::string_view text) {
-    try {
-        return TextToLong(text);
-    } catch (const CError&) {
-        AddParseHint(FormatMessage("Gleisverbindung mit unlesbarer Gleis-ID '%1'", text));
-        return -1;
-    }
+bool CNodeGleisverbindung::TrackId(std::string_view text, int32_t& id) {
+    if (TryTextToLong(text, id))
+        return true;
+    AddParseHint(FormatMessage("Gleisverbindung mit unlesbarer Gleis-ID '%1'", text));
+    return false;
 }
 
 std::string_view CNodeGleisverbindung::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "GleisID1")
-        gleisId1_ = TrackId(value);
+        id1Read_ = TrackId(value, gleisId1_);
     else if (name == "Anschluss1")
         anschluss1_ = DecodeEnd(value);
     else if (name == "GleisID2")
-        gleisId2_ = TrackId(value);
+        id2Read_ = TrackId(value, gleisId2_);
     else if (name == "Anschluss2")
         anschluss2_ = DecodeEnd(value);
     // The texts stay as read: the record written back from this element keeps them.
@@ -45,7 +43,7 @@ std::string_view CNodeGleisverbindung::CheckAttribute(std::string_view name, std
 }
 
 bool CNodeGleisverbindung::IsComplete() const {
-    return gleisId1_ != -1 && gleisId2_ != -1 && anschluss1_ != -1 && anschluss2_ != -1;
+    return id1Read_ && id2Read_ && anschluss1_ != -1 && anschluss2_ != -1;
 }
 
 bool CNodeGleisverbindung::CheckNode() {

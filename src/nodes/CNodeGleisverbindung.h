@@ -27,14 +27,17 @@ public:
     static int16_t DecodeEnd(std::string_view word);
     static const char* EncodeEnd(int16_t end);
 
-    // A track id as a connection holds it; one that is no number is named in a hint and gives -1.
-    static int32_t TrackId(std::string_view text);
+    // A track id as a connection holds it; one that is no whole number is named in a hint and
+    // gives false.
+    static bool TrackId(std::string_view text, int32_t& id);
 
 private:
     int32_t gleisId1_ = -1;
     int16_t anschluss1_ = -1;
     int32_t gleisId2_ = -1;
     int16_t anschluss2_ = -1;
+    bool id1Read_ = false;
+    bool id2Read_ = false;
     bool checked_ = false;
 };
 

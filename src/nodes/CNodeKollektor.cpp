@@ -3,6 +3,7 @@
 #include "core/CStringPack.h"
 #include "document/CAnlage.h"
 #include "document/CXmlWriter.h"
+#include "document/NodeAttributes.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/LayoutLookup.h"
 #include "nodes/modNodes.h"
@@ -66,7 +67,22 @@ bool CNodeKollektor::AddChild(std::unique_ptr<INode>& child) {
         gleise_.push_back(std::move(entry));
         return true;
     } catch (...) {
-        ReportCurrentError(Proc("INode_AddChild"));
+        // The entry's first attribute that does not read names the value.
+        CError failure = CError::FromCurrentException();
+        std::string attribute, value;
+        for (CDictionary::Entry entry : child->Attributes().Entries()) {
+            const std::string& name = AttributeNames().GetString(entry.key);
+            int32_t number = 0;
+            if ((name == "gleissystemID" || name == "gleisID") && !TryTextToLong(entry.value, number)) {
+                attribute = name, value = entry.value;
+                break;
+            }
+            if (name == "gleissystemID" && (number < INT16_MIN || number > INT16_MAX)) {
+                attribute = name, value = entry.value;
+                break;
+            }
+        }
+        ReportError(Proc("INode_AddChild"), failure, BadValueText(*this, "Gleis", attribute, value, failure));
         return false;
     }
 }

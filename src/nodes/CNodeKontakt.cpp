@@ -23,7 +23,7 @@ std::string TrackSystemText(const CNodeGleis& track) {
 
 std::string_view CNodeKontakt::CheckAttribute(std::string_view name, std::string_view value) {
     if (name == "Position")
-        position_ = TextToNumber(value);
+        return OwnNumber(name, value, position_);
     else if (name == "KontaktZiel")
         kontaktZiel_ = TextToLong(value);
     else if (name == "ConnectF")

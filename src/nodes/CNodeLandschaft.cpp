@@ -14,7 +14,7 @@ std::string_view CNodeLandschaft::CheckAttribute(std::string_view name, std::str
     else if (name == "posY")
         posY_ = TextToLong(value);
     else if (name == "dichte")
-        dichte_ = TextToNumber(value);
+        return OwnNumber(name, value, dichte_);
     else if (name == "HoehenFile")
         hoehenFile_ = value;
     else if (name == "FarbenFile")

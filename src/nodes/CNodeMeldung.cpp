@@ -23,7 +23,7 @@ std::string_view CNodeMeldung::CheckAttribute(std::string_view name, std::string
     else if (name == "Key_Id")
         keyId_ = TextToLong(value);
     else if (name == "Position")
-        position_ = TextToNumber(value);
+        return OwnNumber(name, value, position_);
     else if (name == "ParaOderAnti")
         paraOderAnti_ = TextToInteger(value);
     else
@@ -51,7 +51,7 @@ bool CNodeMeldung::AddChild(std::unique_ptr<INode>& child) {
         if (TakeKontaktZiel(*child))
             return true;
     } catch (...) {
-        ReportCurrentError(Proc("INode_AddChild"));
+        ReportBadValue(Proc("INode_AddChild"), *child, child->Name(), {}, child->Text());
         return false;
     }
     return CNodeBase::AddChild(child);

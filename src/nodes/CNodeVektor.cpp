@@ -5,6 +5,7 @@
 
 #include "core/CStringPack.h"
 #include "document/CXmlWriter.h"
+#include "document/NodeAttributes.h"
 
 namespace kavrin {
 
@@ -25,6 +26,12 @@ bool CNodeVektor::ParseAttributes(const XmlElement& element) {
         if (coordinate && !HasCoordinate(name[0])) {
             double value = TextToNumber(attribute.value());
             (name[0] == 'x' ? vector_.X : name[0] == 'y' ? vector_.Y : vector_.Z) = value;
+            if (!FileNumberFits(value)) {
+                ReportNumberKeptAsRead(Name(), name, attribute.value());
+                KeepCoordinatesInStore();
+                Attributes().Add(AttributeNames().PutString(name), attribute.value());
+                continue;
+            }
             if (Attributes().Empty() && count_ < 3) {
                 order_[count_++] = name[0];
                 continue;

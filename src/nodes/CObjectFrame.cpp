@@ -43,14 +43,24 @@ bool CObjectFrame::IsPlainElement(const XmlElement& element) {
     return !vektor;
 }
 
-void CObjectFrame::TakeElement(const XmlElement& element) {
-    pugi::xml_node vektor = element.first_child();
+bool CObjectFrame::ReadNumbers(const XmlElement& element, std::array<double, 12>& numbers) {
+    size_t i = 0;
+    for (pugi::xml_node vektor = element.first_child(); vektor; vektor = vektor.next_sibling())
+        for (pugi::xml_attribute a = vektor.first_attribute(); a; a = a.next_attribute()) {
+            numbers[i] = TextToNumber(a.value());
+            if (!FileNumberFits(numbers[i++]))
+                return false;
+        }
+    return i == numbers.size();
+}
+
+void CObjectFrame::TakeNumbers(const std::array<double, 12>& numbers) {
+    const double* n = numbers.data();
     for (CVector* target : {&frame_.Pos(), &frame_.Dir(), &frame_.Nor(), &frame_.Bin()}) {
-        pugi::xml_attribute a = vektor.first_attribute();
-        target->X = TextToNumber(a.value());
-        target->Y = TextToNumber(a.next_attribute().value());
-        target->Z = TextToNumber(a.next_attribute().next_attribute().value());
-        vektor = vektor.next_sibling();
+        target->X = n[0];
+        target->Y = n[1];
+        target->Z = n[2];
+        n += 3;
     }
     present_ = true;
 }

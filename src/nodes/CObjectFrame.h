@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "document/INode.h"
@@ -37,12 +38,14 @@ public:
         return true;
     }
     // The commonest case, read straight from the file without nodes: a first "Dreibein" of four
-    // plain vectors in their usual order. The owner notes the slot first through `note`.
+    // plain vectors in their usual order, with numbers the file's format can carry. The owner
+    // notes the slot first through `note`.
     template <typename Note> bool OfferElement(const XmlElement& element, Note note) {
-        if (present_ || !IsPlainElement(element))
+        std::array<double, 12> numbers;
+        if (present_ || !IsPlainElement(element) || !ReadNumbers(element, numbers))
             return false;
         note();
-        TakeElement(element);
+        TakeNumbers(numbers);
         return true;
     }
     // Writes the frame as read; an object read without one is written without one.
@@ -61,7 +64,9 @@ public:
 
 private:
     static bool IsPlainElement(const XmlElement& element);
-    void TakeElement(const XmlElement& element);
+    // x, y, z of the four vectors of a plain element; false for a number the format cannot carry.
+    static bool ReadNumbers(const XmlElement& element, std::array<double, 12>& numbers);
+    void TakeNumbers(const std::array<double, 12>& numbers);
 
     C3Bein frame_;
     std::unique_ptr<CNodeDreibein> kept_;

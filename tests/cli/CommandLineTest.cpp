@@ -132,3 +132,41 @@ TEST(CommandLine, SaveWritesTheLayoutAndFailsWithoutTouchingAnything) {
 }
 
 } // namespace
+
+namespace {
+
+// Errors go to standard error with their reason, also when a hint stopped the load.
+TEST(CommandLine, AFailedLoadSaysWhyOnStandardError) {
+    test::TempDir dir;
+    std::string path = dir.File("Kommentar.anl3");
+    test::WriteFile(path, test::LayoutText("<Notiz><!-- Kommentar --></Notiz>"));
+    for (const char* command : {"check", "info"}) {
+        CliRun run({command, path});
+        EXPECT_EQ(run.status, CCommandLine::kFailed);
+        EXPECT_NE(run.err.str().find("Fehler: Die Anlage"), std::string::npos) << run.err.str();
+        EXPECT_NE(run.err.str().find("Unerwarteter Eintrag in .anl3 Datei!"), std::string::npos)
+            << run.err.str();
+        EXPECT_NE(run.err.str().find("Die Anlage wurde nicht geladen."), std::string::npos);
+    }
+    CliRun pipe({"check", "/dev/null"});
+    EXPECT_EQ(pipe.status, CCommandLine::kFailed);
+    EXPECT_NE(pipe.err.str().find("ist ein Gerät und keine Anlagen-Datei"), std::string::npos)
+        << pipe.err.str();
+}
+
+// Nobody can be asked on the command line: a write-protected file is not replaced.
+TEST(CommandLine, SaveRefusesAWriteProtectedFile) {
+    test::TempDir dir;
+    std::string out = dir.File("Geschuetzt.anl3");
+    test::WriteFile(out, "alt");
+    std::filesystem::permissions(out, std::filesystem::perms::owner_read |
+                                          std::filesystem::perms::group_read |
+                                          std::filesystem::perms::others_read);
+    CliRun run({"save", test::SamplePath("Demo-Linien.anl3"), out});
+    EXPECT_EQ(run.status, CCommandLine::kFailed);
+    EXPECT_NE(run.err.str().find("ist schreibgeschützt; kavrin-cli ersetzt sie nicht."), std::string::npos)
+        << run.err.str();
+    EXPECT_EQ(test::ReadFile(out), "alt");
+}
+
+} // namespace

@@ -122,8 +122,17 @@ TEST(CStringPack, GrowsPastItsFirstTwentyAndOverflowsAt32767) {
         FAIL();
     } catch (const CError& e) {
         EXPECT_EQ(e.Number(), 6);
+        EXPECT_NE(e.Description().find("Überlauf: mehr als 32767 verschiedene"), std::string::npos);
     }
     EXPECT_EQ(pack.Count(), CStringPack::kMaxTexts);
+    // Only a process that holds no node any more may start a pack afresh; whoever caches its
+    // indices sees that they went stale.
+    uint32_t generation = pack.Generation();
+    pack.Reset();
+    EXPECT_EQ(pack.Count(), 0);
+    EXPECT_EQ(pack.GetIndex("t5"), 0);
+    EXPECT_EQ(pack.PutString("neu"), 1);
+    EXPECT_NE(pack.Generation(), generation);
 }
 
 TEST(CDictionary, KeepsInsertionOrder) {

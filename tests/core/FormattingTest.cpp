@@ -117,6 +117,36 @@ TEST(TextToLong, RoundsHalfToEvenAndRaisesTheRuntimeErrors) {
     EXPECT_EQ(errorNumber([] { TextToLong("-9e99"); }), 6);
     EXPECT_EQ(errorNumber([] { TextToInteger("32768"); }), 6);
     EXPECT_EQ(errorNumber([] { TextToInteger("40000.0"); }), 6);
+    for (const char* signs : {"+-1", "-+1", "++1", "--1", "+ 1"})
+        EXPECT_EQ(errorNumber([signs] { TextToLong(signs); }), 13) << signs;
+}
+
+// Whatever a layout holds must read back as written: no "inf" or "nan" in a file, and the
+// largest numbers written stay numbers.
+TEST(NumberToText, NumbersBeyondTheFormatAreWrittenAsItsLargest) {
+    struct Case {
+        double value;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {INFINITY, "1.79769313486231E+308"},
+        {-INFINITY, "-1.79769313486231E+308"},
+        {1.7976931348623157e308, "1.79769313486231E+308"},
+        {NAN, "0"},
+        {1.79769313486231e308, "1.79769313486231E+308"},
+    };
+    for (const Case& c : cases) {
+        std::string text = NumberToText(c.value);
+        EXPECT_EQ(text, c.expected) << c.value;
+        EXPECT_EQ(NumberToText(TextToNumber(text)), text);
+    }
+    EXPECT_EQ(NumberToText(Variant{INFINITY * 1.0f}), "3.402823E+38");
+    EXPECT_FALSE(FileNumberFits(1.7976931348623157e308));
+    EXPECT_FALSE(FileNumberFits(NAN));
+    EXPECT_TRUE(FileNumberFits(-1e308));
+    EXPECT_EQ(ClampedInteger(70000.7), 70000);
+    EXPECT_EQ(ClampedInteger(-1e300), INT32_MIN);
+    EXPECT_EQ(ClampedInteger(NAN), 0);
 }
 
 TEST(DialogInput, TextToDoubleAndTextToInt) {
