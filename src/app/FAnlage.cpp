@@ -379,6 +379,13 @@ void FAnlage::World() {
     navigator_->World();
 }
 
+void FAnlage::ZoomToSelection() {
+    const CBox box = selection_.BoundingBox();
+    if (box.IsEmpty())
+        return;
+    navigator_->ZoomToBox(CRect(box.West, box.North, box.East, box.South));
+}
+
 void FAnlage::ZoomToContent() {
     navigator_->ZoomToContent();
 }
