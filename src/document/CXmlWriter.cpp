@@ -98,6 +98,13 @@ void CXmlWriter::CloseStartTag() {
 }
 
 void CXmlWriter::Escaped(std::string_view text, bool inAttribute) {
+    // A text of blanks alone came from character references; written plainly, a parser takes it
+    // for layout between the elements and drops it, so it keeps its references.
+    if (!inAttribute && !text.empty() && text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
+        for (char c : text)
+            buffer_ += "&#" + std::to_string(static_cast<int>(c)) + ';';
+        return;
+    }
     // Most values need no escaping: find the first special character with a table first.
     static const auto special = [] {
         std::array<uint8_t, 256> table{};
