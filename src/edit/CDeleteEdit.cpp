@@ -1,0 +1,155 @@
+#include "edit/CDeleteEdit.h"
+
+#include <map>
+#include <memory>
+
+#include "core/CArrayOfLong.h"
+#include "core/modTools.h"
+#include "document/CAnlage.h"
+#include "edit/CEditHistory.h"
+#include "edit/CEditStep.h"
+#include "nodes/CNodeGleis.h"
+#include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeKontakt.h"
+#include "nodes/CNodeMeldung.h"
+#include "nodes/LayoutLookup.h"
+#include "nodes/TrafficLookup.h"
+#include "plan/CSelection.h"
+
+namespace kavrin {
+
+// The eraser's work goes into one step. On an error the step is rolled back before the error
+// is reported, so the layout is as it was; `keep` false rolls back a run that went well too
+// (the preview).
+CDeleteEdit::Result CDeleteEdit::Run(const char* stepName,
+                                     const std::function<void(CEraser&, CArrayOfLong&)>& work, bool keep) {
+    Result result;
+    auto step = std::make_unique<CEditStep>(FormatMessage(stepName));
+    CArrayOfLong removedKeyIds;
+    removedKeyIds.Size(200, 200);
+    CEraser eraser(anlage_, *step);
+    try {
+        work(eraser, removedKeyIds);
+    } catch (...) {
+        step->Undo();
+        const CEraser::Failure failure =
+            eraser.Failed().value_or(CEraser::Failure{"Run", "Beim Löschen", "Objekte"});
+        ReportCurrentError("CEraser." + failure.member,
+                           FormatMessage("Beim %1 der %2 ist ein Fehler aufgetreten!%m"
+                                         "Speichern Sie die Anlage KEINESFALLS unter dem alten Namen,%n"
+                                         "da die Daten sehr wahrscheinlich kaputt sind!!",
+                                         failure.doing, failure.what));
+        result.failed = true;
+        return result;
+    }
+    result.counts = eraser.Counts();
+    result.reports = eraser.Reports();
+    result.done = !step->Empty();
+    if (!keep)
+        step->Undo();
+    else
+        history_.Record(std::move(step));
+    return result;
+}
+
+CDeleteEdit::Result CDeleteEdit::DeleteSelection() {
+    if (selection_.Empty())
+        return {};
+    Result result = Run(
+        "Löschen",
+        [this](CEraser& eraser, CArrayOfLong& removedKeyIds) {
+            if (selection_.CountGleise() > 0)
+                eraser.DeleteSelectedTracks(removedKeyIds);
+            if (selection_.CountImmos() > 0)
+                eraser.DeleteSelectedImmos();
+            if (selection_.CountGoods() > 0)
+                eraser.DeleteSelectedGoods();
+            eraser.CleanUpKontaktZiele();
+        },
+        true);
+    // The nodes of the selection are held by the history now (or back in place after an error).
+    if (!result.failed)
+        selection_.Clear();
+    return result;
+}
+
+CDeleteEdit::Result CDeleteEdit::Preview() {
+    if (selection_.Empty())
+        return {};
+    return Run(
+        "Löschen",
+        [this](CEraser& eraser, CArrayOfLong& removedKeyIds) {
+            if (selection_.CountGleise() > 0)
+                eraser.DeleteSelectedTracks(removedKeyIds);
+            if (selection_.CountImmos() > 0)
+                eraser.DeleteSelectedImmos();
+            if (selection_.CountGoods() > 0)
+                eraser.DeleteSelectedGoods();
+            eraser.CleanUpKontaktZiele();
+        },
+        false);
+}
+
+CDeleteEdit::Result CDeleteEdit::DeleteSignals(const std::vector<std::string>& names) {
+    std::vector<std::string> models;
+    for (const std::string& name : names)
+        models.push_back(name == kSignalOhneNamen ? std::string() : name);
+    return Run(
+        "Signale löschen",
+        [&models](CEraser& eraser, CArrayOfLong& removedKeyIds) {
+            eraser.DeleteSelectedSignals(models, removedKeyIds);
+            eraser.CleanUpKontaktZiele();
+        },
+        true);
+}
+
+CDeleteEdit::Result CDeleteEdit::DeleteContacts(const std::vector<int32_t>& kinds) {
+    return Run(
+        "Kontakte löschen",
+        [&kinds](CEraser& eraser, CArrayOfLong&) {
+            eraser.EraseKontaktGruppen(kinds);
+            eraser.CleanUpKontaktZiele();
+        },
+        true);
+}
+
+std::vector<std::pair<std::string, int32_t>> CDeleteEdit::SignalsUsed(const CAnlage& anlage) {
+    std::map<std::string, int32_t> counts;
+    for (CNodeGleisSys* system : TrackSystems(anlage))
+        for (const CNodeGleis* track : system->Gleise().Tracks())
+            for (const auto& child : track->SubNodes())
+                if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get()))
+                    ++counts[meldung->SignalName().empty() ? kSignalOhneNamen : meldung->SignalName()];
+    return {counts.begin(), counts.end()};
+}
+
+std::vector<std::pair<int32_t, int32_t>> CDeleteEdit::ContactsUsed(const CAnlage& anlage) {
+    std::map<int32_t, int32_t> counts;
+    for (CNodeGleisSys* system : TrackSystems(anlage))
+        for (const CNodeGleis* track : system->Gleise().Tracks())
+            if (track->Selected())
+                for (const auto& child : track->SubNodes())
+                    if (const auto* kontakt = dynamic_cast<const CNodeKontakt*>(child.get()))
+                        ++counts[kontakt->SetType()];
+    return {counts.begin(), counts.end()};
+}
+
+std::vector<CDeleteEdit::Train> CDeleteEdit::AffectedTrains(const CAnlage& anlage) {
+    std::vector<Train> trains;
+    for (INode* train : CEraser::TrainsOn(anlage, [&anlage](int16_t system, int32_t gleis) {
+             const CNodeGleis* track = FindGleis(anlage, system, gleis);
+             return track && track->Selected() && track->isDeleteable();
+         }))
+        trains.push_back({TrainName(*train), TrainVehicleCount(*train)});
+    return trains;
+}
+
+int32_t CDeleteEdit::LockedCount(const CSelection& selection) {
+    int32_t locked = 0;
+    for (IPaint& member : selection.NewEnum())
+        if (!member.isDeleteable())
+            ++locked;
+    return locked;
+}
+
+} // namespace kavrin
