@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "edit/CDeleteEdit.h"
 #include "plan/CGleisIdList.h"
 
 namespace kavrin {
@@ -26,6 +27,7 @@ public:
         std::vector<double> numbers; // metres and degrees as given
         int16_t system = 0;          // --gleise
         CGleisIdList ids;            // --gleise
+        std::vector<int32_t> kinds;  // --kontakte-loeschen
     };
     struct Request {
         std::string in;
@@ -43,11 +45,15 @@ public:
     CEditCommand(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
     // 0 done and written, 1 failed (nothing written).
     int Run(Request& request);
+    // "info --loeschen-vorschau": selects by the options (selection options only) and prints
+    // what deleting the selection would remove; nothing is written. 0, 1 failed, 2 wrong option.
+    int Preview(Request& request);
 
 private:
     bool RunOption(const Option& option, CAnlage& anlage, CSelection& selection, CEditHistory& history,
                    size_t& undoMark);
     bool Fail(const std::string& text);
+    bool PrintDeletion(const CDeleteEdit::Result& result, const std::string& name);
     void PrintCounts(const CSelection& selection);
 
     std::ostream& out_;

@@ -153,3 +153,40 @@ int32_t CDeleteEdit::LockedCount(const CSelection& selection) {
 }
 
 } // namespace kavrin
+
+namespace kavrin {
+
+std::vector<std::string> CDeleteEdit::SummaryLines(const Result& result) {
+    const CEraser::Tally& c = result.counts;
+    struct Line {
+        int32_t count;
+        const char* one;
+        const char* many;
+    };
+    const Line lines[] = {
+        {c.gleise, "%1 Gleis", "%1 Gleise"},
+        {c.immos, "%1 Immobilie", "%1 Immobilien"},
+        {c.goods, "%1 Ladegut", "%1 Ladegüter"},
+        {c.kontakte, "%1 Kontakt", "%1 Kontakte"},
+        {c.signale, "%1 Signal", "%1 Signale"},
+        {c.zugverbaende, "%1 Zugverband", "%1 Zugverbände"},
+        {c.wartende, "%1 wartender Zug an einem Signal", "%1 wartende Züge an Signalen"},
+        {c.fahrplan, "%1 Fahrplan-Eintrag", "%1 Fahrplan-Einträge"},
+        {c.verbindungen, "%1 Gleisverbindung", "%1 Gleisverbindungen"},
+        {c.kollektorGleise, "%1 Gleis-Eintrag eines Kollektors", "%1 Gleis-Einträge von Kollektoren"},
+        {c.kollektoren, "%1 Kollektor", "%1 Kollektoren"},
+        {c.signalDaten, "%1 Verweis auf eine Key-ID", "%1 Verweise auf Key-IDs"},
+    };
+    std::vector<std::string> text;
+    for (const Line& line : lines)
+        if (line.count > 0)
+            text.push_back(
+                FormatMessage(line.count == 1 ? line.one : line.many, WholeNumberText(line.count)));
+    if (c.skipped > 0)
+        text.push_back(FormatMessage(c.skipped == 1 ? "%1 in EEP gesperrtes Objekt bleibt erhalten"
+                                                    : "%1 in EEP gesperrte Objekte bleiben erhalten",
+                                     WholeNumberText(c.skipped)));
+    return text;
+}
+
+} // namespace kavrin

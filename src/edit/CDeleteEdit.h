@@ -59,6 +59,8 @@ public:
     static std::vector<Train> AffectedTrains(const CAnlage& anlage);
     // The members of the selection that stay because the simulator has them locked.
     static int32_t LockedCount(const CSelection& selection);
+    // What a deletion removed (or would remove), one German line per kind that it touched.
+    static std::vector<std::string> SummaryLines(const Result& result);
 
 private:
     Result Run(const char* stepName, const std::function<void(CEraser&, CArrayOfLong&)>& work, bool keep);
