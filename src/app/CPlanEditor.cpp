@@ -21,6 +21,7 @@
 #include "app/modQtText.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
@@ -329,6 +330,11 @@ void CPlanEditor::FormSelRotate_Unload() {
     HideRotCenter();
 }
 
+void CPlanEditor::EditedElsewhere(size_t stepsBefore) {
+    Recorded(stepsBefore);
+    SelectionChanged();
+}
+
 void CPlanEditor::Recorded(size_t stepsBefore) {
     if (history_.Count() == stepsBefore && history_.Done() == stepsBefore)
         return; // nothing was recorded
@@ -340,6 +346,12 @@ void CPlanEditor::Recorded(size_t stepsBefore) {
 // A step that failed to undo dropped the history; the stack follows once it is done.
 void CPlanEditor::AfterEdit() {
     picker_->Invalidate();
+    if (!selection_.Empty()) {
+        int32_t members = selection_.Count();
+        CDeleteEdit::ForgetRemoved(selection_, window_.Anlage());
+        if (selection_.Count() != members)
+            SelectionChanged(false);
+    }
     if (history_.Count() == 0 && undoStack_->count() > 0)
         QTimer::singleShot(0, undoStack_, &QUndoStack::clear);
     window_.SetChanged(window_.Anlage().Changed());
@@ -433,6 +445,7 @@ void CPlanEditor::SelectFound(IPaint* node) {
 void CPlanEditor::SelectionChanged(bool redraw) {
     ShowSelectionCount();
     UpdateCommands();
+    emit selectionChanged();
     if (formSelMove_) {
         formSelMove_->ResetTotals();
         formSelMove_->ShowExtent(selection_.BoundingBox());

@@ -70,11 +70,19 @@ public:
     void LayoutLoaded();
     void LayoutSaved();
 
+    // An edit made by another part of the window (the deletions) may have been recorded: the
+    // undo stack, the selection's count and the plan follow.
+    void EditedElsewhere(size_t stepsBefore);
+
     // The window's handlers of the dialogs' events; true when the selection was edited.
     bool FormSelMove_Move(double dx, double dy, double dz);
     bool FormSelRotate_Rotate(double angle, double cx, double cy);
     void FormSelRotate_RotCenter(double cx, double cy);
     void FormSelRotate_Unload();
+
+signals:
+    // The selection's membership may have changed (commands that need one follow it).
+    void selectionChanged();
 
 private:
     QAction* AddCommand(QList<QAction*>& items, const char* name, const char* text);

@@ -19,6 +19,7 @@
 #include <cmath>
 
 #include "app/CAppIcon.h"
+#include "app/CDeleteCommands.h"
 #include "app/COptions.h"
 #include "app/CPlanCommands.h"
 #include "app/CPlanEditor.h"
@@ -70,6 +71,8 @@ FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
 
     CreateMenus();
     editor_->CreateCommands(mnuEdit_, commands_->Popup(), commands_->ToolBar());
+    deleter_ = new CDeleteCommands(*this, selection_, *history_, *editor_);
+    deleter_->CreateCommands(mnuEdit_, commands_->AnlageMenu(), commands_->Popup());
     ConnectCommands();
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <unordered_set>
 
 #include "core/CArrayOfLong.h"
 #include "core/modTools.h"
@@ -10,6 +11,8 @@
 #include "edit/CEditStep.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
+#include "nodes/CNodeGoods.h"
+#include "nodes/CNodeImmoSammlung.h"
 #include "nodes/CNodeKontakt.h"
 #include "nodes/CNodeMeldung.h"
 #include "nodes/LayoutLookup.h"
@@ -140,7 +143,8 @@ std::vector<CDeleteEdit::Train> CDeleteEdit::AffectedTrains(const CAnlage& anlag
              const CNodeGleis* track = FindGleis(anlage, system, gleis);
              return track && track->Selected() && track->isDeleteable();
          }))
-        trains.push_back({TrainName(*train), TrainVehicleCount(*train)});
+        trains.push_back({train->Parent() ? IntAttribute(*train->Parent(), "FuhrparkID") : 0,
+                          TrainName(*train), TrainVehicleCount(*train)});
     return trains;
 }
 
@@ -155,6 +159,22 @@ int32_t CDeleteEdit::LockedCount(const CSelection& selection) {
 } // namespace kavrin
 
 namespace kavrin {
+
+// The plan's objects stand in the track systems, the building collections and the goods list:
+// one pass over those tells which members are still in the layout.
+void CDeleteEdit::ForgetRemoved(CSelection& selection, const CAnlage& anlage) {
+    if (selection.Empty() || !anlage.RootNode())
+        return;
+    std::unordered_set<const IPaint*> present;
+    for (const auto& chapter : anlage.RootNode()->SubNodes())
+        if (dynamic_cast<const CNodeGleisSys*>(chapter.get()) ||
+            dynamic_cast<const CNodeImmoSammlung*>(chapter.get()) ||
+            dynamic_cast<const CNodeGoods*>(chapter.get()))
+            for (const auto& child : chapter->SubNodes())
+                if (const auto* member = dynamic_cast<const IPaint*>(child.get()))
+                    present.insert(member);
+    selection.RemoveIf([&present](const IPaint& member) { return !present.count(&member); });
+}
 
 std::vector<std::string> CDeleteEdit::SummaryLines(const Result& result) {
     const CEraser::Tally& c = result.counts;

@@ -33,6 +33,7 @@ public:
     };
     // A train the deletion of the selection takes with it.
     struct Train {
+        int32_t pool = 0; // the vehicle pool's id
         std::string name;
         int32_t vehicles = 0;
     };
@@ -59,6 +60,8 @@ public:
     static std::vector<Train> AffectedTrains(const CAnlage& anlage);
     // The members of the selection that stay because the simulator has them locked.
     static int32_t LockedCount(const CSelection& selection);
+    // Takes out of the selection the members an undo or redo took out of the layout.
+    static void ForgetRemoved(CSelection& selection, const CAnlage& anlage);
     // What a deletion removed (or would remove), one German line per kind that it touched.
     static std::vector<std::string> SummaryLines(const Result& result);
 
