@@ -4,8 +4,12 @@
 
 #include "EraseLayouts.h"
 #include "ReferenceCheck.h"
+#include "core/CArrayOfLong.h"
+#include "core/CError.h"
 #include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
+#include "edit/CEditStep.h"
+#include "edit/CEraser.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/CNodeGood.h"
@@ -237,6 +241,38 @@ TEST_F(Eraser, AffectedTrainsAreThoseOnSelectedTracks) {
     EXPECT_EQ(Save(), before);
     EXPECT_EQ(selection.CountGleise(), 2);
     EXPECT_EQ(history.Count(), 0u);
+}
+
+// What the eraser changed before a failure goes back with its step, to the byte.
+TEST_F(Eraser, AFailureHalfwayIsRolledBackByItsStep) {
+    selection.Add(Track(1, 3));
+    selection.Add(Building(3));
+    CEditStep step("Löschen");
+    CEraser eraser(anlage, step);
+    CArrayOfLong removedKeyIds;
+    eraser.DeleteSelectedTracks(removedKeyIds);
+    eraser.DeleteSelectedImmos();
+    EXPECT_EQ(removedKeyIds.Count(), 2); // the track's 0 and the signal's 5
+    EXPECT_THROW(eraser.EraseNodes(*FindGleisSys(anlage, 1), {0, 99}), CError);
+    step.Undo();
+    EXPECT_EQ(Save(), before);
+    EXPECT_NE(FindGleis(anlage, 1, 3), nullptr);
+}
+
+TEST_F(Eraser, KeyIdsOfRemovedTracksAndSignalsAreReportedUnlessNegative) {
+    for (int32_t id : {1, 2, 3, 4})
+        selection.Add(Track(1, id));
+    CEditStep step("Löschen");
+    CEraser eraser(anlage, step);
+    CArrayOfLong removedKeyIds;
+    eraser.DeleteSelectedTracks(removedKeyIds);
+    std::vector<int32_t> ids;
+    for (int32_t i = 0; i < removedKeyIds.Count(); ++i)
+        ids.push_back(removedKeyIds.Item(i));
+    std::sort(ids.begin(), ids.end());
+    // Tracks 1 and 3 carry 0, the switch 4, the signals 5 and 6; track 4's -3 is not reported.
+    EXPECT_EQ(ids, (std::vector<int32_t>{0, 0, 4, 5, 6}));
+    step.Undo();
 }
 
 } // namespace
