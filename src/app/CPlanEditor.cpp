@@ -14,6 +14,7 @@
 #include "app/CQtCanvas.h"
 #include "app/CUndoStep.h"
 #include "app/FAnlage.h"
+#include "app/FRenumKeyIds.h"
 #include "app/FSelGleisId.h"
 #include "app/FSelMove.h"
 #include "app/FSelRotate.h"
@@ -22,6 +23,7 @@
 #include "core/modTools.h"
 #include "document/CAnlage.h"
 #include "edit/CEditHistory.h"
+#include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -292,6 +294,20 @@ void CPlanEditor::CutSelection() {
                 ? FormatMessage("Die Auswahl ist mit keinem anderen Gleis verbunden.")
                 : FormatMessage("%1 Gleisverbindungen zwischen der Auswahl und den übrigen Gleisen gelöst.",
                                 WholeNumberText(static_cast<int64_t>(cut))));
+}
+
+void CPlanEditor::RenumberKeyIds() {
+    CKeyIdRenumbering renumbering(window_.Anlage());
+    if (renumbering.ChangedCount() == 0) {
+        InfoBox(FormatMessage("Die Key-IDs sind bereits lückenlos von 1 an nummeriert."));
+        return;
+    }
+    FRenumKeyIds dialog(renumbering, &window_);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    size_t before = history_.Count();
+    renumbering.Run(history_);
+    Recorded(before);
 }
 
 bool CPlanEditor::MoveAsked(double dx, double dy, double dz) {

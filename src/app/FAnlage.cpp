@@ -195,6 +195,9 @@ void FAnlage::CreateMenus() {
     QAction* inventory = anlage->addAction(ToQt(FormatMessage("&Inventar…")));
     inventory->setObjectName(QStringLiteral("mnuAnlInventory"));
     connect(inventory, &QAction::triggered, this, &FAnlage::ShowInventory);
+    QAction* renumber = anlage->addAction(ToQt(FormatMessage("&Key-IDs neu nummerieren…")));
+    renumber->setObjectName(QStringLiteral("mnuAnlRenumKeyId"));
+    connect(renumber, &QAction::triggered, editor_, &CPlanEditor::RenumberKeyIds);
 }
 
 QMdiSubWindow* FAnlage::SubWindow() const {

@@ -7,6 +7,7 @@
 #include "core/modTools.h"
 #include "document/CAnlage.h"
 #include "edit/CEditHistory.h"
+#include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -23,8 +24,8 @@ struct OptionKind {
     int numbers;
 };
 constexpr OptionKind kOptions[] = {
-    {"--alles", -1},      {"--keine", -1}, {"--bereich", 4}, {"--gleise", 0},
-    {"--verschieben", 3}, {"--drehen", 3}, {"--loesen", -1}, {"--rueckgaengig", -1},
+    {"--alles", -1}, {"--keine", -1},  {"--bereich", 4},       {"--gleise", 0},       {"--verschieben", 3},
+    {"--drehen", 3}, {"--loesen", -1}, {"--rueckgaengig", -1}, {"--nummerieren", -1},
 };
 
 const OptionKind* FindOption(const std::string& name) {
@@ -73,6 +74,8 @@ const char* CEditCommand::Usage() {
            "      --verschieben DX;DY;DZ   Auswahl verschieben\n"
            "      --drehen GRAD;CX;CY      Auswahl um (CX, CY) drehen, positiv gegen den Uhrzeigersinn\n"
            "      --loesen                 Gleisverbindungen zwischen Auswahl und Rest lösen\n"
+           "      --nummerieren            Key-IDs der Weichen und Signale lückenlos neu nummerieren\n"
+           "                               (braucht keine Auswahl; gibt die Tabelle alt -> neu aus)\n"
            "      --rueckgaengig           die Aktionen seit dem Anfang oder dem letzten\n"
            "                               --rueckgaengig rückgängig machen\n";
 }
@@ -187,6 +190,26 @@ int CEditCommand::Run(Request& request) {
     return 0;
 }
 
+bool CEditCommand::RenumberKeyIds(CAnlage& anlage, CEditHistory& history) {
+    CKeyIdRenumbering renumbering(anlage);
+    if (renumbering.ChangedCount() == 0) {
+        out_ << ConsoleText(FormatMessage("Die Key-IDs sind bereits lückenlos von 1 an nummeriert; "
+                                          "nichts geändert."))
+             << '\n';
+        return true;
+    }
+    out_ << ConsoleText(FormatMessage("Hinweis: %1", CKeyIdRenumbering::WarningText())) << '\n'
+         << ConsoleText(renumbering.TableText());
+    if (!renumbering.Run(history))
+        return false; // reported
+    out_ << ConsoleText(FormatMessage(
+                "%1 Key-IDs neu nummeriert (%2 Weichen und Signale, %3 Verweise angepasst).",
+                WholeNumberText(renumbering.ChangedCount()), WholeNumberText(renumbering.ChangedObjects()),
+                WholeNumberText(renumbering.ChangedReferences())))
+         << '\n';
+    return true;
+}
+
 bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& selection,
                              CEditHistory& history, size_t& undoMark) {
     const CViewOptions options;
@@ -240,6 +263,8 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
                     FormatMessage(cut == 1 ? "%1 Gleisverbindung gelöst." : "%1 Gleisverbindungen gelöst.",
                                   WholeNumberText(static_cast<int64_t>(cut))))
              << '\n';
+    } else if (name == "--nummerieren") {
+        return RenumberKeyIds(anlage, history);
     } else if (name == "--rueckgaengig") {
         size_t undone = 0;
         while (history.Done() > undoMark && history.Undo())
