@@ -110,13 +110,13 @@ void CPlanEditor::CreateCommands(QMenu* editMenu, QMenu* popup, QToolBar* toolBa
     AddCommand(items, "mnuSelRotCenter", "Dreh&punkt setzen")
         ->setIcon(EditToolIcon(QStringLiteral("RotCenter")));
     AddCommand(items, "mnuSelLoesen", "Auswahl &lösen");
-    // "Auf Auswahl zoomen" (mnuSelZoom) belongs here, once the plan view can fit a box.
+    AddCommand(items, "mnuSelZoom", "Auf Aus&wahl zoomen")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_8));
     AddSeparator(items);
     editMenu->insertActions(editMenu->actions().isEmpty() ? nullptr : editMenu->actions().front(), items);
 
     popup->addSeparator();
     for (const char* name : {"mnuSelAll", "mnuSelInvert", "mnuSelNone", "mnuSelMove", "mnuSelRotate",
-                             "mnuSelRotCenter", "mnuSelLoesen"})
+                             "mnuSelRotCenter", "mnuSelLoesen", "mnuSelZoom"})
         popup->addAction(Command(name));
 
     // The toolbar's buttons start the same; they carry no shortcut (each open layout has them).
@@ -138,6 +138,7 @@ void CPlanEditor::CreateCommands(QMenu* editMenu, QMenu* popup, QToolBar* toolBa
     connect(Command("mnuSelRotate"), &QAction::triggered, this, &CPlanEditor::ShowRotateDialog);
     connect(Command("mnuSelRotCenter"), &QAction::triggered, this, &CPlanEditor::PickRotCenter);
     connect(Command("mnuSelLoesen"), &QAction::triggered, this, &CPlanEditor::CutSelection);
+    connect(Command("mnuSelZoom"), &QAction::triggered, this, [this] { window_.ZoomToSelection(); });
     UpdateUndoTexts();
     SelectionChanged(false);
 }
@@ -469,7 +470,7 @@ void CPlanEditor::ShowSelectionCount() {
 
 void CPlanEditor::UpdateCommands() {
     const bool any = !selection_.Empty();
-    for (const char* name : {"mnuSelNone", "mnuSelMove", "mnuSelRotate", "mnuSelLoesen"})
+    for (const char* name : {"mnuSelNone", "mnuSelMove", "mnuSelRotate", "mnuSelLoesen", "mnuSelZoom"})
         Command(name)->setEnabled(any);
     Command("mnuSelLoesen")->setEnabled(any && selection_.CountGleise() > 0);
 }

@@ -382,6 +382,17 @@ void FAnlage::World() {
     navigator_->World();
 }
 
+void FAnlage::ZoomToSelection() {
+    const CBox box = selection_.BoundingBox();
+    if (box.IsEmpty())
+        return;
+    // The box holds centre lines and anchors: a few metres more keep wide roads and buildings
+    // whole and show what they join.
+    constexpr double kAround = 1000;
+    navigator_->ZoomToBox(
+        CRect(box.West - kAround, box.North + kAround, box.East + kAround, box.South - kAround));
+}
+
 void FAnlage::ZoomToContent() {
     navigator_->ZoomToContent();
 }
