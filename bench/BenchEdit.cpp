@@ -11,13 +11,13 @@
 #include "document/CRecordingUserInterface.h"
 #include "edit/CEditHistory.h"
 #include "edit/CSelectionEdit.h"
+#include "plan/CNullCanvas.h"
 #include "plan/CPlanObjects.h"
 #include "plan/CPlanPainter.h"
 #include "plan/CPlanPicker.h"
 #include "plan/CPlanView.h"
 #include "plan/CSelection.h"
 #include "plan/CViewOptions.h"
-#include "plan/Canvas.h"
 
 namespace {
 
@@ -25,23 +25,6 @@ constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 kavrin::CAnlage* gAnlage = nullptr;
 const kavrin::CViewOptions gOptions;
-
-// Draws nothing: a drawing only has to tell every node that it is on the plan.
-class NullCanvas : public kavrin::Canvas {
-public:
-    int PixelWidth() const override { return kWidth; }
-    int PixelHeight() const override { return kHeight; }
-    void SetView(double, double, double, double) override {}
-    void Clear(uint32_t) override {}
-    void SetPen(uint32_t, double) override {}
-    void Line(double, double, double, double) override {}
-    void Polyline(const double*, const double*, int) override {}
-    void Circle(double, double, double, bool) override {}
-    void Square(double, double, double, bool) override {}
-    void Triangle(double, double, double, double, double, bool) override {}
-    void Text(double, double, std::string_view, uint32_t, int, int) override {}
-    void StretchImage(const kavrin::CPlanImage&, const kavrin::CRect&) override {}
-};
 
 void SelectAll(benchmark::State& state) {
     kavrin::CSelection selection;
@@ -99,7 +82,7 @@ kavrin::CPlanView DrawnView() {
     kavrin::CPlanView view;
     kavrin::CPlanPainter::InitView(view, *gAnlage);
     view.World();
-    NullCanvas canvas;
+    kavrin::CNullCanvas canvas(kWidth, kHeight);
     kavrin::CPlanPainter(*gAnlage, view, gOptions).DrawAll(canvas);
     return view;
 }

@@ -14,6 +14,7 @@
 #include "app/CQtCanvas.h"
 #include "app/CUndoStep.h"
 #include "app/FAnlage.h"
+#include "app/FRenumKeyIds.h"
 #include "app/FSelGleisId.h"
 #include "app/FSelMove.h"
 #include "app/FSelRotate.h"
@@ -23,6 +24,7 @@
 #include "document/CAnlage.h"
 #include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
+#include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -109,13 +111,13 @@ void CPlanEditor::CreateCommands(QMenu* editMenu, QMenu* popup, QToolBar* toolBa
     AddCommand(items, "mnuSelRotCenter", "Dreh&punkt setzen")
         ->setIcon(EditToolIcon(QStringLiteral("RotCenter")));
     AddCommand(items, "mnuSelLoesen", "Auswahl &lösen");
-    // "Auf Auswahl zoomen" (mnuSelZoom) belongs here, once the plan view can fit a box.
+    AddCommand(items, "mnuSelZoom", "Auf Aus&wahl zoomen")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_8));
     AddSeparator(items);
     editMenu->insertActions(editMenu->actions().isEmpty() ? nullptr : editMenu->actions().front(), items);
 
     popup->addSeparator();
     for (const char* name : {"mnuSelAll", "mnuSelInvert", "mnuSelNone", "mnuSelMove", "mnuSelRotate",
-                             "mnuSelRotCenter", "mnuSelLoesen"})
+                             "mnuSelRotCenter", "mnuSelLoesen", "mnuSelZoom"})
         popup->addAction(Command(name));
 
     // The toolbar's buttons start the same; they carry no shortcut (each open layout has them).
@@ -137,6 +139,7 @@ void CPlanEditor::CreateCommands(QMenu* editMenu, QMenu* popup, QToolBar* toolBa
     connect(Command("mnuSelRotate"), &QAction::triggered, this, &CPlanEditor::ShowRotateDialog);
     connect(Command("mnuSelRotCenter"), &QAction::triggered, this, &CPlanEditor::PickRotCenter);
     connect(Command("mnuSelLoesen"), &QAction::triggered, this, &CPlanEditor::CutSelection);
+    connect(Command("mnuSelZoom"), &QAction::triggered, this, [this] { window_.ZoomToSelection(); });
     UpdateUndoTexts();
     SelectionChanged(false);
 }
@@ -293,6 +296,20 @@ void CPlanEditor::CutSelection() {
                 ? FormatMessage("Die Auswahl ist mit keinem anderen Gleis verbunden.")
                 : FormatMessage("%1 Gleisverbindungen zwischen der Auswahl und den übrigen Gleisen gelöst.",
                                 WholeNumberText(static_cast<int64_t>(cut))));
+}
+
+void CPlanEditor::RenumberKeyIds() {
+    CKeyIdRenumbering renumbering(window_.Anlage());
+    if (renumbering.ChangedCount() == 0) {
+        InfoBox(FormatMessage("Die Key-IDs sind bereits lückenlos von 1 an nummeriert."));
+        return;
+    }
+    FRenumKeyIds dialog(renumbering, &window_);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    size_t before = history_.Count();
+    renumbering.Run(history_);
+    Recorded(before);
 }
 
 bool CPlanEditor::MoveAsked(double dx, double dy, double dz) {
@@ -466,7 +483,7 @@ void CPlanEditor::ShowSelectionCount() {
 
 void CPlanEditor::UpdateCommands() {
     const bool any = !selection_.Empty();
-    for (const char* name : {"mnuSelNone", "mnuSelMove", "mnuSelRotate", "mnuSelLoesen"})
+    for (const char* name : {"mnuSelNone", "mnuSelMove", "mnuSelRotate", "mnuSelLoesen", "mnuSelZoom"})
         Command(name)->setEnabled(any);
     Command("mnuSelLoesen")->setEnabled(any && selection_.CountGleise() > 0);
 }

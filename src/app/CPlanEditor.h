@@ -58,6 +58,8 @@ public:
     void SelectGleisIds();
     // mnuSelLoesen.
     void CutSelection();
+    // mnuAnlRenumKeyId: the warning with the table old -> new (FRenumKeyIds), then one step.
+    void RenumberKeyIds();
     void ShowMoveDialog();
     void ShowRotateDialog();
     // mnuSelRotCenter: the next click on the plan sets the rotation centre.

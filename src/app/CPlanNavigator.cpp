@@ -133,6 +133,14 @@ void CPlanNavigator::ZoomToContent() {
     RescalePlan();
 }
 
+void CPlanNavigator::ZoomToBox(const CRect& world) {
+    if (view_.Zoom() <= 0)
+        return;
+    content_ = world;
+    fitContent_ = true;
+    RescalePlan();
+}
+
 // The wheel and a pinch zoom about the point under the mouse: that point stays where it is, as
 // far as the view can stay on the layout.
 void CPlanNavigator::ZoomAtMouse(double multiplier, QPointF position) {

@@ -35,6 +35,9 @@ public:
     void World();
     // Shows all of the layout's content ("Auf Inhalt zoomen"), as the window opens.
     void ZoomToContent();
+    // Shows a part of the layout as large as the window allows ("Auf Auswahl zoomen"); stays
+    // fitted to it through resizes as the content does.
+    void ZoomToBox(const CRect& world);
     // Centres the plan on a world point at a zoom step that shows about 80 m around it.
     void ShowPlace(double x, double y);
     // Fits the plan to its picture's size, updates the scroll bars and draws anew.

@@ -198,6 +198,9 @@ void FAnlage::CreateMenus() {
     QAction* inventory = anlage->addAction(ToQt(FormatMessage("&Inventar…")));
     inventory->setObjectName(QStringLiteral("mnuAnlInventory"));
     connect(inventory, &QAction::triggered, this, &FAnlage::ShowInventory);
+    QAction* renumber = anlage->addAction(ToQt(FormatMessage("&Key-IDs neu nummerieren…")));
+    renumber->setObjectName(QStringLiteral("mnuAnlRenumKeyId"));
+    connect(renumber, &QAction::triggered, editor_, &CPlanEditor::RenumberKeyIds);
 }
 
 QMdiSubWindow* FAnlage::SubWindow() const {
@@ -380,6 +383,17 @@ void FAnlage::ZoomOut() {
 
 void FAnlage::World() {
     navigator_->World();
+}
+
+void FAnlage::ZoomToSelection() {
+    const CBox box = selection_.BoundingBox();
+    if (box.IsEmpty())
+        return;
+    // The box holds centre lines and anchors: a few metres more keep wide roads and buildings
+    // whole and show what they join.
+    constexpr double kAround = 1000;
+    navigator_->ZoomToBox(
+        CRect(box.West - kAround, box.North + kAround, box.East + kAround, box.South - kAround));
 }
 
 void FAnlage::ZoomToContent() {

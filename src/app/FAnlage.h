@@ -88,6 +88,8 @@ public:
     // Shows all of the layout's content ("Auf Inhalt zoomen"), as the window opens; it stays
     // fitted through resizes until the user moves or zooms the view.
     void ZoomToContent();
+    // Shows the selected objects as large as the window allows ("Auf Auswahl zoomen").
+    void ZoomToSelection();
     void SetWithNames(bool on);
     void SetWithSignals(bool on);
     // Opens the height filter dialog and applies what the user confirmed.

@@ -8,6 +8,7 @@
 #include "document/CAnlage.h"
 #include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
+#include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -26,7 +27,7 @@ struct OptionKind {
 constexpr OptionKind kOptions[] = {
     {"--alles", -1},      {"--keine", -1},           {"--bereich", 4},           {"--gleise", 0},
     {"--verschieben", 3}, {"--drehen", 3},           {"--loesen", -1},           {"--rueckgaengig", -1},
-    {"--loeschen", -1},   {"--signale-loeschen", 0}, {"--kontakte-loeschen", 0},
+    {"--loeschen", -1},   {"--signale-loeschen", 0}, {"--kontakte-loeschen", 0}, {"--nummerieren", -1},
 };
 
 bool IsSelectionOption(const std::string& name) {
@@ -100,6 +101,8 @@ const char* CEditCommand::Usage() {
            "      --kontakte-loeschen ART[;ART...]\n"
            "                               Kontakte dieser Arten (0 Signal/Weiche, 512 Kamera ...)\n"
            "                               auf den ausgewählten Gleisen löschen\n"
+           "      --nummerieren            Key-IDs der Weichen und Signale lückenlos neu nummerieren\n"
+           "                               (braucht keine Auswahl; gibt die Tabelle alt -> neu aus)\n"
            "      --rueckgaengig           die Aktionen seit dem Anfang oder dem letzten\n"
            "                               --rueckgaengig rückgängig machen\n"
            "  kavrin-cli info --loeschen-vorschau DATEI AUSWAHL-OPTION...\n"
@@ -227,6 +230,26 @@ int CEditCommand::Run(Request& request) {
     return 0;
 }
 
+bool CEditCommand::RenumberKeyIds(CAnlage& anlage, CEditHistory& history) {
+    CKeyIdRenumbering renumbering(anlage);
+    if (renumbering.ChangedCount() == 0) {
+        out_ << ConsoleText(FormatMessage("Die Key-IDs sind bereits lückenlos von 1 an nummeriert; "
+                                          "nichts geändert."))
+             << '\n';
+        return true;
+    }
+    out_ << ConsoleText(FormatMessage("Hinweis: %1", CKeyIdRenumbering::WarningText())) << '\n'
+         << ConsoleText(renumbering.TableText());
+    if (!renumbering.Run(history))
+        return false; // reported
+    out_ << ConsoleText(FormatMessage(
+                "%1 Key-IDs neu nummeriert (%2 Weichen und Signale, %3 Verweise angepasst).",
+                WholeNumberText(renumbering.ChangedCount()), WholeNumberText(renumbering.ChangedObjects()),
+                WholeNumberText(renumbering.ChangedReferences())))
+         << '\n';
+    return true;
+}
+
 bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& selection,
                              CEditHistory& history, size_t& undoMark) {
     const CViewOptions options;
@@ -292,6 +315,8 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
         return PrintDeletion(result, name);
     } else if (name == "--kontakte-loeschen") {
         return PrintDeletion(CDeleteEdit(anlage, selection, history).DeleteContacts(option.kinds), name);
+    } else if (name == "--nummerieren") {
+        return RenumberKeyIds(anlage, history);
     } else if (name == "--rueckgaengig") {
         size_t undone = 0;
         while (history.Done() > undoMark && history.Undo())

@@ -17,8 +17,8 @@ class CSelection;
 // "kavrin-cli edit EIN AUS OPTION…": selects and edits a layout by the options, left to right,
 // with the editor's own selection and edits, and writes AUS only when every option succeeded.
 // Selection options add to the selection (--alles, --bereich, --gleise; --keine empties it);
-// actions work on it (--verschieben, --drehen, --loesen) or undo the actions since the start
-// or the previous --rueckgaengig.
+// actions work on it (--verschieben, --drehen, --loesen) or on the whole layout (--nummerieren),
+// or undo the actions since the start or the previous --rueckgaengig.
 class CEditCommand {
 public:
     struct Option {
@@ -52,6 +52,8 @@ public:
 private:
     bool RunOption(const Option& option, CAnlage& anlage, CSelection& selection, CEditHistory& history,
                    size_t& undoMark);
+    // --nummerieren: the warning and the table old -> new, then the renumbering.
+    bool RenumberKeyIds(CAnlage& anlage, CEditHistory& history);
     bool Fail(const std::string& text);
     bool PrintDeletion(const CDeleteEdit::Result& result, const std::string& name);
     void PrintCounts(const CSelection& selection);

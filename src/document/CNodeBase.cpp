@@ -193,7 +193,7 @@ void CNodeBase::InsertChild(int32_t index, std::unique_ptr<INode> child, size_t 
 }
 
 std::vector<std::unique_ptr<INode>> CNodeBase::TakeChildren(const std::vector<int32_t>& indices,
-                                                             std::vector<size_t>& orderPlaces) {
+                                                            std::vector<size_t>& orderPlaces) {
     for (size_t i = 0; i < indices.size(); ++i)
         if (indices[i] < 0 || indices[i] > children_.LastIndex() || (i > 0 && indices[i] <= indices[i - 1]))
             throw CError::SubscriptOutOfRange();
@@ -206,7 +206,8 @@ std::vector<std::unique_ptr<INode>> CNodeBase::TakeChildren(const std::vector<in
     return taken;
 }
 
-void CNodeBase::InsertChildren(const std::vector<int32_t>& indices, std::vector<std::unique_ptr<INode>> children,
+void CNodeBase::InsertChildren(const std::vector<int32_t>& indices,
+                               std::vector<std::unique_ptr<INode>> children,
                                const std::vector<size_t>& orderPlaces) {
     for (const auto& child : children)
         child->SetParent(this);

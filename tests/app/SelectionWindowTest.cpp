@@ -96,6 +96,7 @@ private slots:
     void selectionByIdNamesWhatItCouldNotTake();
     void hiddenKindsLeaveTheSelection();
     void searchHitIsSelected();
+    void zoomToSelectionShowsItLarge();
     void dialogsCloseWithTheLayout();
     void screenshotOfASelection();
 
@@ -215,7 +216,7 @@ void SelectionWindowTest::draggingTheSelectionMovesItAsOneEdit() {
 void SelectionWindowTest::commandsSelectWhatThePlanShowsAndAreGreyedWithoutSelection() {
     FAnlage* window = Open();
     QVERIFY(window);
-    for (const char* name : {"mnuSelNone", "mnuSelMove", "mnuSelRotate", "mnuSelLoesen"})
+    for (const char* name : {"mnuSelNone", "mnuSelMove", "mnuSelRotate", "mnuSelLoesen", "mnuSelZoom"})
         QVERIFY2(!Command(window, name)->isEnabled(), name);
     QVERIFY(!Command(window, "mnuEditUndo")->isEnabled());
     QVERIFY(!Command(window, "Undo")->isEnabled());
@@ -473,6 +474,28 @@ void SelectionWindowTest::searchHitIsSelected() {
     hit.node = &TrackOf(window, 1);
     window->JumpTo(hit);
     QVERIFY(!TrackOf(window, 1).Selected());
+}
+
+// The selected building fills much of the window afterwards, centred; "Auf Inhalt zoomen" goes
+// back to all of it.
+void SelectionWindowTest::zoomToSelectionShowsItLarge() {
+    FAnlage* window = Open();
+    QVERIFY(window);
+    Click(window, 10000, 10000);
+    Click(window, -7500, 0, Qt::ShiftModifier);
+    QCOMPARE(window->Selection().Count(), 2);
+    const float before = window->View().Zoom();
+    Command(window, "mnuSelZoom")->trigger();
+    Settle(window);
+    QVERIFY(window->View().Zoom() > before);
+    // Both selected objects are in the window, the part between them takes most of its width.
+    const QPoint house = Pixel(window, 10000, 10000);
+    const QPoint track = Pixel(window, -10000, 0);
+    const QRect plan = window->Plan()->rect();
+    QVERIFY(plan.contains(house) && plan.contains(track));
+    QVERIFY(house.x() - track.x() > plan.width() / 2);
+    QCOMPARE(window->Selection().Count(), 2);
+    QVERIFY(!window->Anlage().Changed());
 }
 
 void SelectionWindowTest::dialogsCloseWithTheLayout() {

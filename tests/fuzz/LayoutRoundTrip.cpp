@@ -13,10 +13,10 @@
 #include "document/XmlParseError.h"
 #include "nodes/CLayoutStatistics.h"
 #include "plan/CLayoutInventory.h"
+#include "plan/CNullCanvas.h"
 #include "plan/CPlanPainter.h"
 #include "plan/CPlanView.h"
 #include "plan/CViewOptions.h"
-#include "plan/Canvas.h"
 
 namespace kavrin::test {
 
@@ -54,28 +54,6 @@ Loaded Load(CAnlage& anlage, std::string_view text) {
     return result;
 }
 
-// A canvas that draws nothing: the plan's arithmetic runs in full all the same.
-class NullCanvas : public Canvas {
-public:
-    int PixelWidth() const override { return 400; }
-    int PixelHeight() const override { return 300; }
-    void SetView(double, double, double, double) override {}
-    void Clear(uint32_t) override {}
-    void SetPen(uint32_t, double) override {}
-    void Line(double, double, double, double) override {}
-    void Polyline(const double*, const double*, int) override {}
-    void Circle(double, double, double, bool) override {}
-    void Square(double, double, double, bool) override {}
-    void TurnedSquare(double, double, double, double, double, bool) override {}
-    void Triangle(double, double, double, double, double, bool) override {}
-    void Polygon(const double*, const double*, int, bool) override {}
-    void Text(double, double, std::string_view, uint32_t, int, int) override {}
-    void Label(double, double, std::string_view, uint32_t, uint32_t, int, int) override {}
-    double TextWidth(std::string_view text) const override { return 7.0 * static_cast<double>(text.size()); }
-    double TextHeight() const override { return 12; }
-    void StretchImage(const CPlanImage&, const CRect&) override {}
-};
-
 // What the editor and the command-line tool do with a loaded layout besides saving it: the
 // plan with names and signals, the statistics and the inventory. They may refuse bad values
 // with an error (the window reports it), but nothing else may happen.
@@ -89,7 +67,7 @@ void Use(CAnlage& anlage) {
             view.World();
             CPlanPainter painter(anlage, view, options);
             painter.WithNames = painter.WithSignals = true;
-            NullCanvas canvas;
+            CNullCanvas canvas(400, 300);
             painter.DrawAll(canvas);
         }
     } catch (const CError&) {
