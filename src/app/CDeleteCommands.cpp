@@ -107,7 +107,7 @@ void CDeleteCommands::ShowContactsDel() {
         window_.Anlage().FilePath(),
         [this] {
             std::vector<FListDelete::Line> lines;
-            for (const auto& [kind, count] : CDeleteEdit::ContactsUsed(window_.Anlage()))
+            for (const auto& [kind, count] : CDeleteEdit::ContactsUsed(selection_))
                 lines.push_back({std::to_string(kind), CObjectTexte::KontaktGruppe(kind), count, false});
             return lines;
         },

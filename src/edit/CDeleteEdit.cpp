@@ -9,6 +9,12 @@
 #include "document/CAnlage.h"
 #include "edit/CEditHistory.h"
 #include "edit/CEditStep.h"
+#include "edit/CForAll.h"
+#include "edit/CProcGleise.h"
+#include "edit/CProcKontaktCount.h"
+#include "edit/CProcKontakte.h"
+#include "edit/CProcMeldungen.h"
+#include "edit/CProcSignalCount.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/CNodeGoods.h"
@@ -33,6 +39,8 @@ CDeleteEdit::Result CDeleteEdit::Run(const char* stepName,
     CEraser eraser(anlage_, *step);
     try {
         work(eraser, removedKeyIds);
+        if (removedKeyIds.Count() > 0)
+            eraser.EraseKeyIdReferences(removedKeyIds);
     } catch (...) {
         step->Undo();
         const CEraser::Failure failure =
@@ -117,24 +125,32 @@ CDeleteEdit::Result CDeleteEdit::DeleteContacts(const std::vector<int32_t>& kind
 }
 
 std::vector<std::pair<std::string, int32_t>> CDeleteEdit::SignalsUsed(const CAnlage& anlage) {
-    std::map<std::string, int32_t> counts;
-    for (CNodeGleisSys* system : TrackSystems(anlage))
-        for (const CNodeGleis* track : system->Gleise().Tracks())
-            for (const auto& child : track->SubNodes())
-                if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get()))
-                    ++counts[meldung->SignalName().empty() ? kSignalOhneNamen : meldung->SignalName()];
-    return {counts.begin(), counts.end()};
+    CProcSignalCount count;
+    count.Init();
+    CProcMeldungen meldungen;
+    meldungen.SetNextProc(&count);
+    CProcGleise gleise;
+    gleise.SetNextProc(&meldungen);
+    std::vector<CNodeGleisSys*> systems = TrackSystems(anlage);
+    CForAll::Gleissysteme(systems, &gleise);
+    std::map<std::string, int32_t> byName;
+    for (int32_t i = 0; i < count.Counter().Count(); ++i) {
+        const std::string& name = count.Name(i);
+        byName[name.empty() ? kSignalOhneNamen : name] += count.Counter().Counter(i);
+    }
+    return {byName.begin(), byName.end()};
 }
 
-std::vector<std::pair<int32_t, int32_t>> CDeleteEdit::ContactsUsed(const CAnlage& anlage) {
-    std::map<int32_t, int32_t> counts;
-    for (CNodeGleisSys* system : TrackSystems(anlage))
-        for (const CNodeGleis* track : system->Gleise().Tracks())
-            if (track->Selected())
-                for (const auto& child : track->SubNodes())
-                    if (const auto* kontakt = dynamic_cast<const CNodeKontakt*>(child.get()))
-                        ++counts[kontakt->SetType()];
-    return {counts.begin(), counts.end()};
+std::vector<std::pair<int32_t, int32_t>> CDeleteEdit::ContactsUsed(const CSelection& selection) {
+    CProcKontaktCount count;
+    count.Init();
+    CProcKontakte kontakte;
+    kontakte.SetNextProc(&count);
+    CForAll::GleiseSelected(selection, &kontakte);
+    std::map<int32_t, int32_t> byKind;
+    for (int32_t i = 0; i < count.Counter().Count(); ++i)
+        byKind[count.Counter().Key(i)] += count.Counter().Counter(i);
+    return {byKind.begin(), byKind.end()};
 }
 
 std::vector<CDeleteEdit::Train> CDeleteEdit::AffectedTrains(const CAnlage& anlage) {

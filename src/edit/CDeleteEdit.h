@@ -55,7 +55,7 @@ public:
     // (kSignalOhneNamen for those without one).
     static std::vector<std::pair<std::string, int32_t>> SignalsUsed(const CAnlage& anlage);
     // The contact kinds on the selected tracks with their numbers, by kind.
-    static std::vector<std::pair<int32_t, int32_t>> ContactsUsed(const CAnlage& anlage);
+    static std::vector<std::pair<int32_t, int32_t>> ContactsUsed(const CSelection& selection);
     // The trains standing on selected tracks that may be deleted.
     static std::vector<Train> AffectedTrains(const CAnlage& anlage);
     // The members of the selection that stay because the simulator has them locked.

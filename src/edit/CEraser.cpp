@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "core/CArrayOfLong.h"
+#include "core/CSet.h"
 #include "core/CStringPack.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
@@ -13,8 +14,16 @@
 #include "edit/CChildrenChange.h"
 #include "edit/CConnectionChange.h"
 #include "edit/CEditStep.h"
-#include "edit/CFieldChange.h"
+#include "edit/CForAll.h"
 #include "edit/CKollektorChange.h"
+#include "edit/CProcGleisClearKoll.h"
+#include "edit/CProcGleisSignalData.h"
+#include "edit/CProcGleise.h"
+#include "edit/CProcGoodRemove.h"
+#include "edit/CProcKontaktErase.h"
+#include "edit/CProcKontaktInvalid.h"
+#include "edit/CProcKontaktKeyId.h"
+#include "edit/CProcKontakte.h"
 #include "edit/CTrackRemovalChange.h"
 #include "nodes/CNodeBewegTeil.h"
 #include "nodes/CNodeGleis.h"
@@ -34,7 +43,6 @@
 namespace kavrin {
 
 namespace {
-constexpr int32_t kKindSignal = 0;
 
 // The ids of the tracks of a system that stay, to tell which ids go with the removed ones (a
 // repeated id stays while one track of it does).
@@ -337,21 +345,16 @@ void CEraser::DeleteSelectedImmos() {
 void CEraser::DeleteSelectedGoods() {
     Guarded("DeleteSelectedGoods", "Beim Löschen", "Ladegüter", [&] {
         for (const auto& chapter : anlage_.RootNode()->SubNodes()) {
-            auto* goods = dynamic_cast<CNodeGoods*>(chapter.get());
-            if (!goods)
+            if (!dynamic_cast<CNodeGoods*>(chapter.get()))
                 continue;
-            std::vector<int32_t> eraseList;
-            for (int32_t i = 0; i < goods->SubNodes().Count(); ++i) {
-                auto* good = dynamic_cast<CNodeGood*>(goods->SubNodes().Item(i));
-                if (!good || !good->Selected())
-                    continue;
-                if (!good->isDeleteable())
+            for (const auto& child : chapter->SubNodes())
+                if (auto* good = dynamic_cast<CNodeGood*>(child.get());
+                    good && good->Selected() && !good->isDeleteable())
                     ++tally_.skipped;
-                else
-                    eraseList.push_back(i);
-            }
-            tally_.goods += static_cast<int32_t>(eraseList.size());
-            EraseNodes(*goods, std::move(eraseList));
+            CProcGoodRemove remove;
+            remove.Init(step_);
+            CForAll::Goods(*chapter, &remove);
+            tally_.goods += remove.Removed();
         }
     });
 }
@@ -377,50 +380,45 @@ void CEraser::DeleteSelectedSignals(const std::vector<std::string>& names, CArra
     });
 }
 
-void CEraser::RemoveContactsIf(const std::function<bool(const CNodeKontakt&)>& remove,
-                               const std::function<void(const CNodeKontakt&)>& removed) {
-    for (CNodeGleisSys* system : TrackSystems(anlage_))
-        for (CNodeGleis* track : system->Gleise().Tracks()) {
-            std::vector<int32_t> eraseList;
-            for (int32_t i = 0; i < track->SubNodes().Count(); ++i) {
-                const auto* kontakt = dynamic_cast<const CNodeKontakt*>(track->SubNodes().Item(i));
-                if (kontakt && remove(*kontakt)) {
-                    if (removed)
-                        removed(*kontakt);
-                    eraseList.push_back(i);
-                }
-            }
-            tally_.kontakte += static_cast<int32_t>(eraseList.size());
-            EraseNodes(*track, std::move(eraseList));
-        }
+void CEraser::WalkTracks(IProc& leaf) {
+    CProcGleise gleise;
+    gleise.SetNextProc(&leaf);
+    std::vector<CNodeGleisSys*> systems = TrackSystems(anlage_);
+    CForAll::Gleissysteme(systems, &gleise);
+}
+
+void CEraser::WalkContacts(IProc& leaf) {
+    CProcKontakte kontakte;
+    kontakte.SetNextProc(&leaf);
+    WalkTracks(kontakte);
+}
+
+void CEraser::EraseContacts(int32_t mode, const std::vector<int32_t>& values) {
+    if (values.empty())
+        return;
+    CArrayOfLong list;
+    list.Size(50, 50);
+    for (int32_t value : values)
+        list.Add(value);
+    CProcKontaktErase erase;
+    erase.Init(mode, list, step_);
+    WalkContacts(erase);
+    tally_.kontakte += erase.Removed();
 }
 
 void CEraser::EraseKontakteSig(const std::vector<int32_t>& targets) {
-    if (targets.empty())
-        return;
-    std::unordered_set<int32_t> list(targets.begin(), targets.end());
-    RemoveContactsIf([&list](const CNodeKontakt& kontakt) {
-        return kontakt.SetType() == kKindSignal && list.count(kontakt.KontaktZiel());
-    });
+    EraseContacts(CProcKontaktErase::ModeTarget, targets);
 }
 
 void CEraser::EraseKontaktGruppen(const std::vector<int32_t>& kinds) {
-    Guarded("EraseKontaktGruppen", "Beim Löschen", "Kontakte", [&] {
-        std::unordered_set<int32_t> list(kinds.begin(), kinds.end());
-        RemoveContactsIf([&list](const CNodeKontakt& kontakt) {
-            const auto* track = dynamic_cast<const CNodeGleis*>(kontakt.Parent());
-            return track && track->Selected() && list.count(kontakt.SetType());
-        });
-    });
+    Guarded("EraseKontaktGruppen", "Beim Löschen", "Kontakte",
+            [&] { EraseContacts(CProcKontaktErase::ModeGroup, kinds); });
 }
 
 // Building contacts (768) and DKW/EKW contacts (1024) name the building they switch by its
 // ImmoIdx in their SetValue.
 void CEraser::RemoveBuildingContacts(const std::vector<int32_t>& immoIdx) {
-    std::unordered_set<int32_t> list(immoIdx.begin(), immoIdx.end());
-    RemoveContactsIf([&list](const CNodeKontakt& kontakt) {
-        return (kontakt.SetType() == 768 || kontakt.SetType() == 1024) && list.count(kontakt.SetValue());
-    });
+    EraseContacts(CProcKontaktErase::ModeSwitched, immoIdx);
 }
 
 // A collector belongs to the building (or moving part) that names it; one that no remaining
@@ -450,49 +448,95 @@ void CEraser::RemoveOrphanCollectors(const std::vector<int32_t>& kollektorIds) {
 }
 
 void CEraser::ClearKollektorLinks(const std::unordered_set<int32_t>& kollektorIds) {
+    CArrayOfLong ids;
+    for (int32_t id : kollektorIds)
+        ids.Add(id);
+    CProcGleisClearKoll clear;
+    clear.Init(ids, step_);
+    WalkTracks(clear);
+}
+
+CSet CEraser::ExistingTargets() const {
+    CSet targets;
     for (CNodeGleisSys* system : TrackSystems(anlage_))
-        for (CNodeGleis* track : system->Gleise().Tracks())
-            if (track->Kollektor() && kollektorIds.count(track->Kollektor()->ID()))
-                step_.Add(CFieldChange<CNodeGleis, CNodeKollektor*>::Set(*track, &CNodeGleis::Kollektor,
-                                                                         &CNodeGleis::SetKollektor, nullptr));
+        for (const CNodeGleis* track : system->Gleise().Tracks()) {
+            if (track->KontaktZiel() > 0)
+                targets.Use(track->KontaktZiel());
+            for (const auto& child : track->SubNodes())
+                if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get());
+                    meldung && meldung->KontaktZiel() > 0)
+                    targets.Use(meldung->KontaktZiel());
+        }
+    return targets;
 }
 
 std::vector<int32_t> CEraser::VanishedTargets(const std::vector<int32_t>& targets) const {
-    std::unordered_set<int32_t> vanished(targets.begin(), targets.end());
-    vanished.erase(-1);
-    for (CNodeGleisSys* system : TrackSystems(anlage_))
-        for (const CNodeGleis* track : system->Gleise().Tracks()) {
-            vanished.erase(track->KontaktZiel());
-            for (const auto& child : track->SubNodes())
-                if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get()))
-                    vanished.erase(meldung->KontaktZiel());
-        }
-    return {vanished.begin(), vanished.end()};
+    CSet existing = ExistingTargets();
+    std::vector<int32_t> vanished;
+    for (int32_t target : targets)
+        if (target > 0 && existing.isFree(target) &&
+            std::find(vanished.begin(), vanished.end(), target) == vanished.end())
+            vanished.push_back(target);
+    return vanished;
 }
 
+// The contacts whose target went with the deletion are found by CProcKontaktInvalid, reported,
+// and removed as EraseKontakteSig removes contacts.
 void CEraser::CleanUpKontaktZiele() {
     Guarded("CleanUpKontaktZiele", "Aufräumen", "Kontakte", [&] {
         if (recheck_.empty())
             return;
-        std::vector<int32_t> vanished = VanishedTargets(recheck_);
+        CSet existing = ExistingTargets();
+        std::vector<int32_t> vanished;
+        for (int32_t target : recheck_)
+            if (target > 0 && existing.isFree(target))
+                vanished.push_back(target);
         recheck_.clear();
         if (vanished.empty())
             return;
-        std::unordered_set<int32_t> list(vanished.begin(), vanished.end());
-        RemoveContactsIf(
-            [&list](const CNodeKontakt& kontakt) {
-                return kontakt.SetType() == kKindSignal && kontakt.KontaktZiel() > 0 &&
-                       list.count(kontakt.KontaktZiel());
-            },
-            [this](const CNodeKontakt& kontakt) {
-                const auto* track = dynamic_cast<const CNodeGleis*>(kontakt.Parent());
-                reports_.push_back(FormatMessage("Signal / Weichen-Kontakt am Gleis %1 (%2) entfernt,%nda "
-                                                 "Kontaktziel >%3< nicht existiert.",
-                                                 track ? track->ID() : 0,
-                                                 CObjectTexte::GleisSystem(track ? track->GleisSysID() : 0),
-                                                 kontakt.KontaktZiel()));
-            });
+        CProcKontaktInvalid invalid;
+        invalid.Init(existing);
+        WalkContacts(invalid);
+        for (const CNodeKontakt* kontakt : invalid.Invalid()) {
+            if (kontakt->SetType() != CProcKontaktErase::KindSignal ||
+                std::find(vanished.begin(), vanished.end(), kontakt->KontaktZiel()) == vanished.end())
+                continue;
+            const auto* track = dynamic_cast<const CNodeGleis*>(kontakt->Parent());
+            reports_.push_back(FormatMessage(
+                "Signal / Weichen-Kontakt am Gleis %1 (%2) entfernt,%nda Kontaktziel >%3< nicht existiert.",
+                track ? track->ID() : 0, CObjectTexte::GleisSystem(track ? track->GleisSysID() : 0),
+                kontakt->KontaktZiel()));
+        }
+        EraseContacts(CProcKontaktErase::ModeTarget, vanished);
     });
+}
+
+// Key ids still carried by a track or a signal (a repeated one) stay referable.
+void CEraser::EraseKeyIdReferences(const CArrayOfLong& removedKeyIds) {
+    CSet remaining;
+    for (CNodeGleisSys* system : TrackSystems(anlage_))
+        for (const CNodeGleis* track : system->Gleise().Tracks()) {
+            remaining.Use(track->KeyId());
+            for (const auto& child : track->SubNodes())
+                if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get()))
+                    remaining.Use(meldung->KeyId());
+        }
+    CArrayOfLong gone;
+    gone.Size(200, 200);
+    for (int32_t i = 0; i < removedKeyIds.Count(); ++i) {
+        int32_t keyId = removedKeyIds.Item(i);
+        if (keyId > 0 && remaining.isFree(keyId))
+            gone.AddUnique(keyId);
+    }
+    if (gone.Count() == 0)
+        return;
+    CProcGleisSignalData signalData;
+    signalData.Init(CProcGleisSignalData::FuncErase, gone, step_);
+    WalkTracks(signalData);
+    CProcKontaktKeyId kontaktKeyIds;
+    kontaktKeyIds.Init(CProcKontaktKeyId::FuncErase, gone, step_);
+    WalkContacts(kontaktKeyIds);
+    tally_.signalDaten += signalData.Changed() + kontaktKeyIds.Changed();
 }
 
 } // namespace kavrin

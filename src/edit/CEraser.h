@@ -11,6 +11,8 @@ namespace kavrin {
 
 class CAnlage;
 class CArrayOfLong;
+class CSet;
+class IProc;
 class CEditStep;
 class CNodeBase;
 class CNodeGleis;
@@ -60,6 +62,9 @@ public:
     void CleanUpKontaktZiele();
     // Takes out the kept children of `parent` at these places, as one recorded change.
     void EraseNodes(CNodeBase& parent, std::vector<int32_t> keys);
+    // The follow-up for removed key ids: the signal data of tracks and contacts that names one
+    // of them (greater than 0, and carried by no track or signal any more) is cleared.
+    void EraseKeyIdReferences(const CArrayOfLong& removedKeyIds);
 
     const Tally& Counts() const { return tally_; }
     // "Signal / Weichen-Kontakt am Gleis ... entfernt, ..." for each contact of the clean-up.
@@ -84,10 +89,13 @@ private:
     void RemoveOrphanCollectors(const std::vector<int32_t>& kollektorIds);
     // Tracks that name one of these collectors forget it.
     void ClearKollektorLinks(const std::unordered_set<int32_t>& kollektorIds);
-    // Removes, track by track, the contacts for which `remove` holds; each one is passed to
-    // `removed` before it goes.
-    void RemoveContactsIf(const std::function<bool(const CNodeKontakt&)>& remove,
-                          const std::function<void(const CNodeKontakt&)>& removed = {});
+    // Removes the contacts CProcKontaktErase takes in that mode, on every track.
+    void EraseContacts(int32_t mode, const std::vector<int32_t>& values);
+    // Walks every track, or every contact, of the layout with `leaf`.
+    void WalkTracks(IProc& leaf);
+    void WalkContacts(IProc& leaf);
+    // The contact targets (1 and more) that tracks and signal messages carry now.
+    CSet ExistingTargets() const;
     // Targets of the list that no track or signal message carries any more.
     std::vector<int32_t> VanishedTargets(const std::vector<int32_t>& targets) const;
 

@@ -53,7 +53,8 @@ inline std::string Train(int id, int system, int track) {
 //             waiting) - 4 (key -3); track 1 holds contacts on 7, 8, a building contact (768 on
 //             ImmoIdx 3), a DKW contact (1024 on 4), a camera contact, a contact on target 99
 //             that never existed; track 4 holds a signal without a name (key 6).
-//   system 2: 3, 5 (signal "Hp", key 9, target 10); track 3 holds contacts on 10 and 99.
+//   system 2: 3, 5 (signal "Hp", key 9, target 10); track 3 holds contacts on 10 and 99; track 5
+//             and a vehicle contact on it carry signal data naming key 5.
 //   trains: F1Z1 on 1/3, F1Z2 on 2/3, F1Z3 on 1/4.
 inline std::string EraseLayout() {
     std::string system1 = "<Gleissystem GleissystemID=\"1\" TrackSystemNumber=\"1\">" +
@@ -65,10 +66,13 @@ inline std::string EraseLayout() {
                           TrackWith(4, 3000, Signal("", 6, 0), -1, "Key_Id=\"-3\"") +
                           Connection(1, "Ende", 2, "Anfang") + Connection(2, "Ende", 3, "Anfang") +
                           Connection(3, "Ende", 4, "Anfang") + "</Gleissystem>";
-    std::string system2 = "<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"2\">" +
-                          TrackWith(3, 0, Contact(0, 10) + Contact(0, 99)) +
-                          TrackWith(5, 1000, Signal("Hp", 9, 10)) + Connection(3, "Ende", 5, "Anfang") +
-                          "</Gleissystem>";
+    std::string system2 =
+        "<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"2\">" +
+        TrackWith(3, 0, Contact(0, 10) + Contact(0, 99)) +
+        TrackWith(5, 1000,
+                  Signal("Hp", 9, 10) + "<Kontakt Position=\"30\" SetType=\"1\" SignalData=\"65541\"/>", -1,
+                  "SignalData=\"5\"") +
+        Connection(3, "Ende", 5, "Anfang") + "</Gleissystem>";
     std::string kollektor =
         "<Kollektor id=\"9\">" + FrameText("0", "0") +
         "<Gleis gleisID=\"4\" gleissystemID=\"1\"/><Gleis gleisID=\"5\" gleissystemID=\"2\"/>"

@@ -103,6 +103,10 @@ TEST_F(Eraser, TrackWithSignalTakesTrainSignalContactsAndTimetableWithIt) {
     EXPECT_EQ(result.counts.zugverbaende, 1);
     EXPECT_EQ(result.counts.fahrplan, 2);
     EXPECT_EQ(result.counts.wartende, 2);
+    // The signal data naming the signal's key id 5 is cleared, on a track and on a contact.
+    EXPECT_EQ(Track(2, 5).SignalData(), 0);
+    EXPECT_NE(saved.find("SetType=\"1\" SignalData=\"0\""), std::string::npos);
+    EXPECT_EQ(result.counts.signalDaten, 2);
     ExpectCleanAndUndoable();
 }
 
@@ -143,7 +147,7 @@ TEST_F(Eraser, ContactOnAVanishedTargetIsRemovedAndReported) {
     EXPECT_EQ(result.reports[0], "Signal / Weichen-Kontakt am Gleis 3 (Strassenbahn) entfernt,\r\n"
                                  "da Kontaktziel >99< nicht existiert.");
     std::vector<std::string> contacts = Contacts();
-    EXPECT_EQ(contacts, (std::vector<std::string>{"2/3:0:10"}));
+    EXPECT_EQ(contacts, (std::vector<std::string>{"2/3:0:10", "2/5:1:0"}));
     ExpectCleanAndUndoable();
 }
 
@@ -216,11 +220,12 @@ TEST_F(Eraser, SignalsByNameTakeTheirContactsAndTimetableEntriesButNotTheTrains)
 
 TEST_F(Eraser, ContactsOfAKindOnlyOnSelectedTracks) {
     selection.Add(Track(1, 1));
-    EXPECT_EQ(CDeleteEdit::ContactsUsed(anlage),
+    EXPECT_EQ(CDeleteEdit::ContactsUsed(selection),
               (std::vector<std::pair<int32_t, int32_t>>{{0, 3}, {512, 1}, {768, 1}, {1024, 1}}));
     CDeleteEdit::Result result = edit.DeleteContacts({0, 512});
     EXPECT_EQ(result.counts.kontakte, 4);
-    EXPECT_EQ(Contacts(), (std::vector<std::string>{"1/1:768:3", "1/1:1024:4", "2/3:0:10", "2/3:0:99"}));
+    EXPECT_EQ(Contacts(),
+              (std::vector<std::string>{"1/1:768:3", "1/1:1024:4", "2/3:0:10", "2/3:0:99", "2/5:1:0"}));
     EXPECT_FALSE(selection.Empty());
     ExpectCleanAndUndoable();
 }

@@ -28,16 +28,19 @@ std::string Track(int16_t system, int32_t id) {
 std::set<std::string> DanglingReferences(const CAnlage& anlage) {
     std::set<std::string> dangling;
     std::unordered_set<std::string> tracks, trains;
-    std::unordered_set<int32_t> targets, immoIdx, kollektors;
+    std::unordered_set<int32_t> targets, immoIdx, kollektors, keyIds;
     for (const auto& chapter : anlage.RootNode()->SubNodes()) {
         if (const auto* system = dynamic_cast<const CNodeGleisSys*>(chapter.get())) {
             for (const auto& child : system->SubNodes())
                 if (const auto* track = dynamic_cast<const CNodeGleis*>(child.get())) {
                     tracks.insert(Track(system->ID(), track->ID()));
                     targets.insert(track->KontaktZiel());
+                    keyIds.insert(track->KeyId());
                     for (const auto& mark : track->SubNodes())
-                        if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(mark.get()))
+                        if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(mark.get())) {
                             targets.insert(meldung->KontaktZiel());
+                            keyIds.insert(meldung->KeyId());
+                        }
                 }
         } else if (const auto* collection = dynamic_cast<const CNodeImmoSammlung*>(chapter.get())) {
             for (const auto& child : collection->SubNodes())
@@ -57,26 +60,35 @@ std::set<std::string> DanglingReferences(const CAnlage& anlage) {
                 for (int32_t id : {record.GleisID1(), record.GleisID2()})
                     if (!tracks.count(Track(system->ID(), id)))
                         dangling.insert("Gleisverbindung zu Gleis " + Track(system->ID(), id));
-            for (const auto& child : system->SubNodes())
-                if (const auto* track = dynamic_cast<const CNodeGleis*>(child.get()))
-                    for (const auto& mark : track->SubNodes()) {
-                        if (const auto* kontakt = dynamic_cast<const CNodeKontakt*>(mark.get())) {
-                            if (kontakt->SetType() == 0 && kontakt->KontaktZiel() > 0 &&
-                                !targets.count(kontakt->KontaktZiel()))
-                                dangling.insert("Kontakt an " + Track(system->ID(), track->ID()) +
-                                                " auf Ziel " + std::to_string(kontakt->KontaktZiel()));
-                            if ((kontakt->SetType() == 768 || kontakt->SetType() == 1024) &&
-                                !immoIdx.count(kontakt->SetValue()))
-                                dangling.insert("Immobilien-Kontakt an " + Track(system->ID(), track->ID()) +
-                                                " auf " + std::to_string(kontakt->SetValue()));
-                        } else if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(mark.get())) {
-                            if (const CNodeBase* signal = SignalPartOf(*meldung))
-                                for (const auto& waiting : signal->SubNodes())
-                                    if (waiting->Name() == "Wartender" &&
-                                        !trains.count(WaitingTrainKey(*waiting)))
-                                        dangling.insert("Wartender " + WaitingTrainKey(*waiting));
-                        }
+            for (const auto& child : system->SubNodes()) {
+                const auto* track = dynamic_cast<const CNodeGleis*>(child.get());
+                if (!track)
+                    continue;
+                if (int32_t keyId = track->SignalData() & 0xFFFF; keyId > 0 && !keyIds.count(keyId))
+                    dangling.insert("Signaldaten an " + Track(system->ID(), track->ID()) + " auf Key-ID " +
+                                    std::to_string(keyId));
+                for (const auto& mark : track->SubNodes()) {
+                    if (const auto* kontakt = dynamic_cast<const CNodeKontakt*>(mark.get())) {
+                        if (kontakt->SignalDataKeyId() > 0 && !keyIds.count(kontakt->SignalDataKeyId()))
+                            dangling.insert("Kontakt an " + Track(system->ID(), track->ID()) +
+                                            " auf Key-ID " + std::to_string(kontakt->SignalDataKeyId()));
+                        if (kontakt->SetType() == 0 && kontakt->KontaktZiel() > 0 &&
+                            !targets.count(kontakt->KontaktZiel()))
+                            dangling.insert("Kontakt an " + Track(system->ID(), track->ID()) + " auf Ziel " +
+                                            std::to_string(kontakt->KontaktZiel()));
+                        if ((kontakt->SetType() == 768 || kontakt->SetType() == 1024) &&
+                            !immoIdx.count(kontakt->SetValue()))
+                            dangling.insert("Immobilien-Kontakt an " + Track(system->ID(), track->ID()) +
+                                            " auf " + std::to_string(kontakt->SetValue()));
+                    } else if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(mark.get())) {
+                        if (const CNodeBase* signal = SignalPartOf(*meldung))
+                            for (const auto& waiting : signal->SubNodes())
+                                if (waiting->Name() == "Wartender" &&
+                                    !trains.count(WaitingTrainKey(*waiting)))
+                                    dangling.insert("Wartender " + WaitingTrainKey(*waiting));
                     }
+                }
+            }
         } else if (const auto* kollektor = dynamic_cast<const CNodeKollektor*>(chapter.get())) {
             for (const CKollektorGleis& entry : kollektor->Gleise())
                 if (!tracks.count(Track(entry.GleissystemID, entry.GleisID)))
