@@ -513,30 +513,35 @@ void CEraser::CleanUpKontaktZiele() {
 
 // Key ids still carried by a track or a signal (a repeated one) stay referable.
 void CEraser::EraseKeyIdReferences(const CArrayOfLong& removedKeyIds) {
-    CSet remaining;
-    for (CNodeGleisSys* system : TrackSystems(anlage_))
-        for (const CNodeGleis* track : system->Gleise().Tracks()) {
-            remaining.Use(track->KeyId());
-            for (const auto& child : track->SubNodes())
-                if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get()))
-                    remaining.Use(meldung->KeyId());
+    Guarded("EraseKeyIdReferences", "Aufräumen", "Signaldaten", [&] {
+        CSet remaining;
+        for (CNodeGleisSys* system : TrackSystems(anlage_))
+            for (const CNodeGleis* track : system->Gleise().Tracks()) {
+                remaining.Use(track->KeyId());
+                for (const auto& child : track->SubNodes())
+                    if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(child.get()))
+                        remaining.Use(meldung->KeyId());
+            }
+        CArrayOfLong gone;
+        gone.Size(200, 200);
+        CSet taken;
+        for (int32_t i = 0; i < removedKeyIds.Count(); ++i) {
+            int32_t keyId = removedKeyIds.Item(i);
+            if (keyId > 0 && remaining.isFree(keyId) && taken.isFree(keyId)) {
+                taken.Use(keyId);
+                gone.Add(keyId);
+            }
         }
-    CArrayOfLong gone;
-    gone.Size(200, 200);
-    for (int32_t i = 0; i < removedKeyIds.Count(); ++i) {
-        int32_t keyId = removedKeyIds.Item(i);
-        if (keyId > 0 && remaining.isFree(keyId))
-            gone.AddUnique(keyId);
-    }
-    if (gone.Count() == 0)
-        return;
-    CProcGleisSignalData signalData;
-    signalData.Init(CProcGleisSignalData::FuncErase, gone, step_);
-    WalkTracks(signalData);
-    CProcKontaktKeyId kontaktKeyIds;
-    kontaktKeyIds.Init(CProcKontaktKeyId::FuncErase, gone, step_);
-    WalkContacts(kontaktKeyIds);
-    tally_.signalDaten += signalData.Changed() + kontaktKeyIds.Changed();
+        if (gone.Count() == 0)
+            return;
+        CProcGleisSignalData signalData;
+        signalData.Init(CProcGleisSignalData::FuncErase, gone, step_);
+        WalkTracks(signalData);
+        CProcKontaktKeyId kontaktKeyIds;
+        kontaktKeyIds.Init(CProcKontaktKeyId::FuncErase, gone, step_);
+        WalkContacts(kontaktKeyIds);
+        tally_.signalDaten += signalData.Changed() + kontaktKeyIds.Changed();
+    });
 }
 
 } // namespace kavrin
