@@ -14,6 +14,7 @@
 #include "app/CQtCanvas.h"
 #include "app/CUndoStep.h"
 #include "app/FAnlage.h"
+#include "app/FRenumKeyIds.h"
 #include "app/FSelGleisId.h"
 #include "app/FSelMove.h"
 #include "app/FSelRotate.h"
@@ -21,7 +22,9 @@
 #include "app/modQtText.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
+#include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -295,6 +298,20 @@ void CPlanEditor::CutSelection() {
                                 WholeNumberText(static_cast<int64_t>(cut))));
 }
 
+void CPlanEditor::RenumberKeyIds() {
+    CKeyIdRenumbering renumbering(window_.Anlage());
+    if (renumbering.ChangedCount() == 0) {
+        InfoBox(FormatMessage("Die Key-IDs sind bereits lückenlos von 1 an nummeriert."));
+        return;
+    }
+    FRenumKeyIds dialog(renumbering, &window_);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    size_t before = history_.Count();
+    renumbering.Run(history_);
+    Recorded(before);
+}
+
 bool CPlanEditor::MoveAsked(double dx, double dy, double dz) {
     if (selection_.Empty())
         return false;
@@ -330,6 +347,11 @@ void CPlanEditor::FormSelRotate_Unload() {
     HideRotCenter();
 }
 
+void CPlanEditor::EditedElsewhere(size_t stepsBefore) {
+    Recorded(stepsBefore);
+    SelectionChanged();
+}
+
 void CPlanEditor::Recorded(size_t stepsBefore) {
     if (history_.Count() == stepsBefore && history_.Done() == stepsBefore)
         return; // nothing was recorded
@@ -341,6 +363,12 @@ void CPlanEditor::Recorded(size_t stepsBefore) {
 // A step that failed to undo dropped the history; the stack follows once it is done.
 void CPlanEditor::AfterEdit() {
     picker_->Invalidate();
+    if (!selection_.Empty()) {
+        int32_t members = selection_.Count();
+        CDeleteEdit::ForgetRemoved(selection_, window_.Anlage());
+        if (selection_.Count() != members)
+            SelectionChanged(false);
+    }
     if (history_.Count() == 0 && undoStack_->count() > 0)
         QTimer::singleShot(0, undoStack_, &QUndoStack::clear);
     window_.SetChanged(window_.Anlage().Changed());
@@ -434,6 +462,7 @@ void CPlanEditor::SelectFound(IPaint* node) {
 void CPlanEditor::SelectionChanged(bool redraw) {
     ShowSelectionCount();
     UpdateCommands();
+    emit selectionChanged();
     if (formSelMove_) {
         formSelMove_->ResetTotals();
         formSelMove_->ShowExtent(selection_.BoundingBox());

@@ -58,6 +58,8 @@ public:
     void SelectGleisIds();
     // mnuSelLoesen.
     void CutSelection();
+    // mnuAnlRenumKeyId: the warning with the table old -> new (FRenumKeyIds), then one step.
+    void RenumberKeyIds();
     void ShowMoveDialog();
     void ShowRotateDialog();
     // mnuSelRotCenter: the next click on the plan sets the rotation centre.
@@ -70,11 +72,19 @@ public:
     void LayoutLoaded();
     void LayoutSaved();
 
+    // An edit made by another part of the window (the deletions) may have been recorded: the
+    // undo stack, the selection's count and the plan follow.
+    void EditedElsewhere(size_t stepsBefore);
+
     // The window's handlers of the dialogs' events; true when the selection was edited.
     bool FormSelMove_Move(double dx, double dy, double dz);
     bool FormSelRotate_Rotate(double angle, double cx, double cy);
     void FormSelRotate_RotCenter(double cx, double cy);
     void FormSelRotate_Unload();
+
+signals:
+    // The selection's membership may have changed (commands that need one follow it).
+    void selectionChanged();
 
 private:
     QAction* AddCommand(QList<QAction*>& items, const char* name, const char* text);

@@ -19,6 +19,7 @@
 #include <cmath>
 
 #include "app/CAppIcon.h"
+#include "app/CDeleteCommands.h"
 #include "app/COptions.h"
 #include "app/CPlanCommands.h"
 #include "app/CPlanEditor.h"
@@ -70,6 +71,8 @@ FAnlage::FAnlage(FMain& main, CQtUserInterface& ui, QWidget* parent)
 
     CreateMenus();
     editor_->CreateCommands(mnuEdit_, commands_->Popup(), commands_->ToolBar());
+    deleter_ = new CDeleteCommands(*this, selection_, *history_, *editor_);
+    deleter_->CreateCommands(mnuEdit_, commands_->AnlageMenu(), commands_->Popup());
     ConnectCommands();
 }
 
@@ -195,6 +198,9 @@ void FAnlage::CreateMenus() {
     QAction* inventory = anlage->addAction(ToQt(FormatMessage("&Inventar…")));
     inventory->setObjectName(QStringLiteral("mnuAnlInventory"));
     connect(inventory, &QAction::triggered, this, &FAnlage::ShowInventory);
+    QAction* renumber = anlage->addAction(ToQt(FormatMessage("&Key-IDs neu nummerieren…")));
+    renumber->setObjectName(QStringLiteral("mnuAnlRenumKeyId"));
+    connect(renumber, &QAction::triggered, editor_, &CPlanEditor::RenumberKeyIds);
 }
 
 QMdiSubWindow* FAnlage::SubWindow() const {

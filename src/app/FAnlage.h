@@ -20,6 +20,7 @@ namespace kavrin {
 class CAnlage;
 class CEditHistory;
 class CPlanCommands;
+class CDeleteCommands;
 class CPlanEditor;
 class CPlanNavigator;
 class CPlanWidget;
@@ -132,6 +133,7 @@ private:
     CTerrainBitmaps bitmaps_;
     CPlanCommands* commands_ = nullptr;
     CPlanEditor* editor_ = nullptr;
+    CDeleteCommands* deleter_ = nullptr;
     CPlanWidget* picPlan_ = nullptr;
     CPlanNavigator* navigator_ = nullptr;
     QScrollBar* scrHor_ = nullptr;

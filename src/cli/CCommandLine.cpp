@@ -52,6 +52,8 @@ int CCommandLine::Dispatch(const std::vector<std::string>& args) {
         out_ << kProgramName << " " << KAVRIN_VERSION << '\n';
         return kOk;
     }
+    if (command == "info" && args.size() >= 3 && args[1] == "--loeschen-vorschau")
+        return DeletionPreview(std::vector<std::string>(args.begin() + 2, args.end()));
     if (command == "info" && args.size() == 2)
         return Info(args[1]);
     if (command == "info" && args.size() == 3 && (args[1] == "--inventar" || args[2] == "--inventar"))
@@ -191,6 +193,21 @@ int CCommandLine::Render(const std::vector<std::string>& args) {
     }
     CViewOptions options = viewOptions_ ? viewOptions_() : CViewOptions();
     return CRenderCommand(out_, err_, imageWriter_, options).Run(request);
+}
+
+// The file and the selection options, read as "edit" reads them (with no output file).
+int CCommandLine::DeletionPreview(const std::vector<std::string>& args) {
+    std::vector<std::string> editArgs{args[0], std::string()};
+    editArgs.insert(editArgs.end(), args.begin() + 1, args.end());
+    if (editArgs.size() < 3)
+        return Usage(FormatMessage("--loeschen-vorschau braucht mindestens eine Option der Auswahl."));
+    CEditCommand::Request request;
+    std::string problem;
+    if (!CEditCommand::Parse(editArgs, request, problem))
+        return Usage(problem);
+    ConsoleScope console(out_, err_);
+    int result = CEditCommand(out_, err_).Preview(request);
+    return result == 0 ? kOk : result == 2 ? kUsage : kFailed;
 }
 
 int CCommandLine::Edit(const std::vector<std::string>& args) {

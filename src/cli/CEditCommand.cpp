@@ -6,7 +6,9 @@
 #include "cli/CConsoleUserInterface.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
+#include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
+#include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -23,9 +25,27 @@ struct OptionKind {
     int numbers;
 };
 constexpr OptionKind kOptions[] = {
-    {"--alles", -1},      {"--keine", -1}, {"--bereich", 4}, {"--gleise", 0},
-    {"--verschieben", 3}, {"--drehen", 3}, {"--loesen", -1}, {"--rueckgaengig", -1},
+    {"--alles", -1},      {"--keine", -1},           {"--bereich", 4},           {"--gleise", 0},
+    {"--verschieben", 3}, {"--drehen", 3},           {"--loesen", -1},           {"--rueckgaengig", -1},
+    {"--loeschen", -1},   {"--signale-loeschen", 0}, {"--kontakte-loeschen", 0}, {"--nummerieren", -1},
 };
+
+bool IsSelectionOption(const std::string& name) {
+    return name == "--alles" || name == "--keine" || name == "--bereich" || name == "--gleise";
+}
+
+// "A;B;C": the items of a list separated by ";", without blanks around them.
+std::vector<std::string> ListItems(const std::string& text) {
+    std::vector<std::string> items;
+    size_t start = 0;
+    while (true) {
+        size_t end = text.find(';', start);
+        items.emplace_back(Trim(std::string_view(text).substr(start, end - start)));
+        if (end == std::string::npos)
+            return items;
+        start = end + 1;
+    }
+}
 
 const OptionKind* FindOption(const std::string& name) {
     for (const OptionKind& kind : kOptions)
@@ -73,8 +93,20 @@ const char* CEditCommand::Usage() {
            "      --verschieben DX;DY;DZ   Auswahl verschieben\n"
            "      --drehen GRAD;CX;CY      Auswahl um (CX, CY) drehen, positiv gegen den Uhrzeigersinn\n"
            "      --loesen                 Gleisverbindungen zwischen Auswahl und Rest lösen\n"
+           "      --loeschen               Auswahl löschen, mit allem, was auf sie verweist\n"
+           "                               (Kontakte, Signale, Züge auf den Gleisen ...)\n"
+           "      --signale-loeschen NAME[;NAME...]\n"
+           "                               alle Signale dieser Modelle löschen, ein Signal ohne Namen\n"
+           "                               heißt \"** <Signal ohne Namen>\"\n"
+           "      --kontakte-loeschen ART[;ART...]\n"
+           "                               Kontakte dieser Arten (0 Signal/Weiche, 512 Kamera ...)\n"
+           "                               auf den ausgewählten Gleisen löschen\n"
+           "      --nummerieren            Key-IDs der Weichen und Signale lückenlos neu nummerieren\n"
+           "                               (braucht keine Auswahl; gibt die Tabelle alt -> neu aus)\n"
            "      --rueckgaengig           die Aktionen seit dem Anfang oder dem letzten\n"
-           "                               --rueckgaengig rückgängig machen\n";
+           "                               --rueckgaengig rückgängig machen\n"
+           "  kavrin-cli info --loeschen-vorschau DATEI AUSWAHL-OPTION...\n"
+           "                               zeigen, was --loeschen mit der Auswahl entfernen würde\n";
 }
 
 bool CEditCommand::Parse(const std::vector<std::string>& args, Request& request, std::string& problem) {
@@ -131,6 +163,17 @@ bool CEditCommand::CheckValues(Request& request, std::string& problem) {
             problem = FormatMessage("%1: %2", option.name, refused);
             return false;
         }
+        if (option.name == "--kontakte-loeschen")
+            for (const std::string& item : ListItems(option.value)) {
+                int32_t kind = 0;
+                if (!TryTextToLong(item, kind)) {
+                    problem = FormatMessage("Ungültiger Wert '%1' für --kontakte-loeschen: erwartet werden "
+                                            "Kontakt-Arten (Zahlen), durch ';' getrennt.",
+                                            option.value);
+                    return false;
+                }
+                option.kinds.push_back(kind);
+            }
         if (option.name == "--gleise") {
             size_t colon = option.value.find(':');
             int32_t system = 0;
@@ -187,6 +230,26 @@ int CEditCommand::Run(Request& request) {
     return 0;
 }
 
+bool CEditCommand::RenumberKeyIds(CAnlage& anlage, CEditHistory& history) {
+    CKeyIdRenumbering renumbering(anlage);
+    if (renumbering.ChangedCount() == 0) {
+        out_ << ConsoleText(FormatMessage("Die Key-IDs sind bereits lückenlos von 1 an nummeriert; "
+                                          "nichts geändert."))
+             << '\n';
+        return true;
+    }
+    out_ << ConsoleText(FormatMessage("Hinweis: %1", CKeyIdRenumbering::WarningText())) << '\n'
+         << ConsoleText(renumbering.TableText());
+    if (!renumbering.Run(history))
+        return false; // reported
+    out_ << ConsoleText(FormatMessage(
+                "%1 Key-IDs neu nummeriert (%2 Weichen und Signale, %3 Verweise angepasst).",
+                WholeNumberText(renumbering.ChangedCount()), WholeNumberText(renumbering.ChangedObjects()),
+                WholeNumberText(renumbering.ChangedReferences())))
+         << '\n';
+    return true;
+}
+
 bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& selection,
                              CEditHistory& history, size_t& undoMark) {
     const CViewOptions options;
@@ -194,7 +257,8 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
     CSelectionEdit edit(selection, history);
     const std::string& name = option.name;
     const std::vector<double>& n = option.numbers;
-    bool isAction = name == "--verschieben" || name == "--drehen" || name == "--loesen";
+    bool isAction = name == "--verschieben" || name == "--drehen" || name == "--loesen" ||
+                    name == "--loeschen" || name == "--kontakte-loeschen";
     if (isAction) {
         PrintCounts(selection);
         if (selection.Empty())
@@ -240,6 +304,19 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
                     FormatMessage(cut == 1 ? "%1 Gleisverbindung gelöst." : "%1 Gleisverbindungen gelöst.",
                                   WholeNumberText(static_cast<int64_t>(cut))))
              << '\n';
+    } else if (name == "--loeschen") {
+        return PrintDeletion(CDeleteEdit(anlage, selection, history).DeleteSelection(), name);
+    } else if (name == "--signale-loeschen") {
+        CDeleteEdit::Result result =
+            CDeleteEdit(anlage, selection, history).DeleteSignals(ListItems(option.value));
+        if (!result.failed && result.counts.signale == 0)
+            return Fail(FormatMessage(
+                "--signale-loeschen: Signale dieser Namen gibt es in der Anlage nicht: %1", option.value));
+        return PrintDeletion(result, name);
+    } else if (name == "--kontakte-loeschen") {
+        return PrintDeletion(CDeleteEdit(anlage, selection, history).DeleteContacts(option.kinds), name);
+    } else if (name == "--nummerieren") {
+        return RenumberKeyIds(anlage, history);
     } else if (name == "--rueckgaengig") {
         size_t undone = 0;
         while (history.Done() > undoMark && history.Undo())
@@ -255,6 +332,62 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
     if (!isAction && name != "--rueckgaengig")
         PrintCounts(selection);
     return true;
+}
+
+bool CEditCommand::PrintDeletion(const CDeleteEdit::Result& result, const std::string& name) {
+    if (result.failed)
+        return false; // reported by the deletion
+    out_ << ConsoleText(FormatMessage(result.done ? "%1: gelöscht:" : "%1: nichts gelöscht.", name)) << '\n';
+    for (const std::string& line : CDeleteEdit::SummaryLines(result))
+        out_ << "  " << ConsoleText(line) << '\n';
+    for (const std::string& report : result.reports)
+        out_ << ConsoleText(report) << '\n';
+    return true;
+}
+
+int CEditCommand::Preview(Request& request) {
+    std::string problem;
+    for (const Option& option : request.options)
+        if (!IsSelectionOption(option.name)) {
+            Fail(FormatMessage("--loeschen-vorschau nimmt nur Optionen der Auswahl, nicht '%1'.",
+                               option.name));
+            return 2;
+        }
+    if (!CheckValues(request, problem)) {
+        Fail(problem);
+        return 1;
+    }
+    CAnlage anlage;
+    if (!anlage.Load(request.in)) {
+        Fail(FormatMessage("Die Anlage wurde nicht geladen."));
+        return 1;
+    }
+    CSelection selection;
+    CEditHistory history(anlage);
+    size_t undoMark = 0;
+    bool ok = true;
+    for (const Option& option : request.options)
+        if (!(ok = RunOption(option, anlage, selection, history, undoMark)))
+            break;
+    if (ok) {
+        CDeleteEdit edit(anlage, selection, history);
+        for (const CDeleteEdit::Train& train : CDeleteEdit::AffectedTrains(anlage))
+            out_ << ConsoleText(FormatMessage("Zugverband: %1 (%2 Stück)", train.name, train.vehicles))
+                 << '\n';
+        CDeleteEdit::Result result = edit.Preview();
+        ok = !result.failed;
+        if (ok) {
+            out_ << ConsoleText(FormatMessage(result.done ? "Löschen würde entfernen:"
+                                                          : "Löschen würde nichts entfernen."))
+                 << '\n';
+            for (const std::string& line : CDeleteEdit::SummaryLines(result))
+                out_ << "  " << ConsoleText(line) << '\n';
+            for (const std::string& report : result.reports)
+                out_ << ConsoleText(report) << '\n';
+        }
+    }
+    selection.Clear();
+    return ok ? 0 : 1;
 }
 
 } // namespace kavrin

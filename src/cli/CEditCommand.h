@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "edit/CDeleteEdit.h"
 #include "plan/CGleisIdList.h"
 
 namespace kavrin {
@@ -16,8 +17,8 @@ class CSelection;
 // "kavrin-cli edit EIN AUS OPTION…": selects and edits a layout by the options, left to right,
 // with the editor's own selection and edits, and writes AUS only when every option succeeded.
 // Selection options add to the selection (--alles, --bereich, --gleise; --keine empties it);
-// actions work on it (--verschieben, --drehen, --loesen) or undo the actions since the start
-// or the previous --rueckgaengig.
+// actions work on it (--verschieben, --drehen, --loesen) or on the whole layout (--nummerieren),
+// or undo the actions since the start or the previous --rueckgaengig.
 class CEditCommand {
 public:
     struct Option {
@@ -26,6 +27,7 @@ public:
         std::vector<double> numbers; // metres and degrees as given
         int16_t system = 0;          // --gleise
         CGleisIdList ids;            // --gleise
+        std::vector<int32_t> kinds;  // --kontakte-loeschen
     };
     struct Request {
         std::string in;
@@ -43,11 +45,17 @@ public:
     CEditCommand(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
     // 0 done and written, 1 failed (nothing written).
     int Run(Request& request);
+    // "info --loeschen-vorschau": selects by the options (selection options only) and prints
+    // what deleting the selection would remove; nothing is written. 0, 1 failed, 2 wrong option.
+    int Preview(Request& request);
 
 private:
     bool RunOption(const Option& option, CAnlage& anlage, CSelection& selection, CEditHistory& history,
                    size_t& undoMark);
+    // --nummerieren: the warning and the table old -> new, then the renumbering.
+    bool RenumberKeyIds(CAnlage& anlage, CEditHistory& history);
     bool Fail(const std::string& text);
+    bool PrintDeletion(const CDeleteEdit::Result& result, const std::string& name);
     void PrintCounts(const CSelection& selection);
 
     std::ostream& out_;

@@ -19,6 +19,10 @@ CError CError::SubscriptOutOfRange() {
     return CError(9, "Index außerhalb des gültigen Bereichs");
 }
 
+CError CError::ObjectNotSet() {
+    return CError(91, "Objektvariable oder With-Blockvariable nicht festgelegt");
+}
+
 CError CError::FileAccess(const std::string& detail) {
     return CError(75, "Fehler beim Zugriff auf Pfad/Datei: " + detail);
 }

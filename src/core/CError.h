@@ -17,6 +17,7 @@ public:
     static CError Overflow();
     static CError TypeMismatch();
     static CError SubscriptOutOfRange();
+    static CError ObjectNotSet();
     static CError FileAccess(const std::string& detail);
 
     // Turns whatever is being handled in a catch block into a CError.

@@ -42,6 +42,11 @@ public:
     size_t Removed(uint8_t slot, int instance);
     // Puts an entry back at the place Removed returned.
     void Restore(size_t place, uint8_t slot);
+    // Many children of `slot` taken out at once, by their instance numbers (ascending): one pass.
+    // Returns the places their entries had (ascending; empty when nothing is recorded).
+    std::vector<size_t> RemovedMany(uint8_t slot, const std::vector<int32_t>& instances);
+    // Puts entries of `slot` back at the places RemovedMany returned.
+    void RestoreMany(const std::vector<size_t>& places, uint8_t slot);
     // A new child of `slot` now stands as its instance-th: before the entry of the one that
     // follows it, or last.
     void Inserted(uint8_t slot, int instance);

@@ -3,6 +3,7 @@
 #include <pugixml.hpp>
 #include <utility>
 
+#include "core/CError.h"
 #include "core/CStringPack.h"
 #include "document/CXmlWriter.h"
 #include "document/NodeAttributes.h"
@@ -189,6 +190,29 @@ void CNodeBase::InsertChild(int32_t index, std::unique_ptr<INode> child, size_t 
         childOrder_.Restore(orderPlace, CChildOrder::kKept);
     else
         childOrder_.Inserted(CChildOrder::kKept, index);
+}
+
+std::vector<std::unique_ptr<INode>> CNodeBase::TakeChildren(const std::vector<int32_t>& indices,
+                                                            std::vector<size_t>& orderPlaces) {
+    for (size_t i = 0; i < indices.size(); ++i)
+        if (indices[i] < 0 || indices[i] > children_.LastIndex() || (i > 0 && indices[i] <= indices[i - 1]))
+            throw CError::SubscriptOutOfRange();
+    std::vector<std::unique_ptr<INode>> taken;
+    taken.reserve(indices.size());
+    for (int32_t index : indices)
+        taken.push_back(children_.Replace(index, nullptr));
+    children_.Compact(nullptr);
+    orderPlaces = childOrder_.RemovedMany(CChildOrder::kKept, indices);
+    return taken;
+}
+
+void CNodeBase::InsertChildren(const std::vector<int32_t>& indices,
+                               std::vector<std::unique_ptr<INode>> children,
+                               const std::vector<size_t>& orderPlaces) {
+    for (const auto& child : children)
+        child->SetParent(this);
+    children_.InsertAt(indices, std::move(children));
+    childOrder_.RestoreMany(orderPlaces, CChildOrder::kKept);
 }
 
 bool CNodeBase::XmlClose(CXmlWriter&) {

@@ -66,6 +66,12 @@ public:
     // TakeChild gives back puts the child back exactly where it stood.
     std::unique_ptr<INode> TakeChild(int32_t index, size_t* orderPlace = nullptr);
     void InsertChild(int32_t index, std::unique_ptr<INode> child, size_t orderPlace = CChildOrder::npos);
+    // The same for many kept children at once (indices ascending), in one pass over them: the
+    // children in that order, and the places of their entries in a recorded order.
+    std::vector<std::unique_ptr<INode>> TakeChildren(const std::vector<int32_t>& indices,
+                                                     std::vector<size_t>& orderPlaces);
+    void InsertChildren(const std::vector<int32_t>& indices, std::vector<std::unique_ptr<INode>> children,
+                        const std::vector<size_t>& orderPlaces);
     CChildOrder& ChildOrder() { return childOrder_; }
     const CChildOrder& ChildOrder() const { return childOrder_; }
 

@@ -13,6 +13,12 @@ std::string AttributeText(const INode& node, std::string_view name) {
     return *value == kOwnedValue ? NumberToText(node.XmlAttr(name)) : std::string(*value);
 }
 
+bool LockedInSimulator(const INode& node) {
+    std::string text = AttributeText(node, "LockEd");
+    int32_t value = 0;
+    return !text.empty() && (!TryTextToLong(text, value) || value != 0);
+}
+
 bool HasAttribute(const INode& node, std::string_view name) {
     int16_t key = AttributeNames().GetIndex(name);
     return key && node.Attributes().Exists(key);

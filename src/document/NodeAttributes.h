@@ -11,6 +11,8 @@ namespace kavrin {
 // Empty when the node has no such attribute.
 std::string AttributeText(const INode& node, std::string_view name);
 bool HasAttribute(const INode& node, std::string_view name);
+// Whether the simulator has the object locked against editing ("LockEd" other than 0).
+bool LockedInSimulator(const INode& node);
 // Sets the kept text of an attribute, appending it when the node has none of that name.
 void SetAttributeText(INode& node, std::string_view name, std::string text);
 // The caller's text of the error report for a value a node cannot read: which element (and in

@@ -15,7 +15,12 @@ public:
     explicit CEditStep(std::string name) : name_(std::move(name)) {}
 
     const std::string& Name() const { return name_; }
-    void Add(std::unique_ptr<CChange> change) { changes_.push_back(std::move(change)); }
+    // A change that is null (nothing to record) is passed over.
+    void Add(std::unique_ptr<CChange> change) {
+        if (change)
+            changes_.push_back(std::move(change));
+    }
+    size_t Count() const { return changes_.size(); }
     bool Empty() const { return changes_.empty(); }
 
     void Undo();

@@ -10,6 +10,7 @@
 #include "document/CNodeBase.h"
 #include "document/CNodePool.h"
 #include "document/ICopy.h"
+#include "document/NodeAttributes.h"
 #include "nodes/C3Bein.h"
 #include "nodes/CObjectFrame.h"
 #include "nodes/CTrackCurve.h"
@@ -105,6 +106,8 @@ public:
     void Move(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void Rotate(double angle, double cx, double cy) override;
     Kind PaintKind() const override { return Kind::Gleis; }
+    // Not while the simulator has it locked ("LockEd" other than 0).
+    bool isDeleteable() const override { return !LockedInSimulator(*this); }
 
     // The frame the track is drawn and saved with: the Dreibein, or the newer format's Frame
     // (with the text kept for it).

@@ -220,6 +220,15 @@ CNodeGleisSys::CutConnections(CNodeGleis& track, const std::function<bool(const 
     });
 }
 
+// The registry holds the tracks in the order of the children, the first of a repeated id
+// findable: entering them anew in that order gives exactly what loading gave.
+void CNodeGleisSys::RebuildGleise() {
+    gleise_.Clear();
+    for (const auto& child : SubNodes())
+        if (auto* track = dynamic_cast<CNodeGleis*>(child.get()))
+            gleise_.Add(track);
+}
+
 void CNodeGleisSys::Clear() {
     gleise_.Clear();
     verbindungen_.clear();

@@ -26,6 +26,8 @@ public:
     bool AddChild(std::unique_ptr<INode>& child) override;
     bool TakeElement(const XmlElement& element) override;
     void Clear() override;
+    // Enters the tracks kept as children in the registry anew, after tracks came or went.
+    void RebuildGleise();
 
     std::unique_ptr<INode> Clone() const override;
     void Copy(const INode& source) override;

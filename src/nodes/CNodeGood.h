@@ -4,6 +4,7 @@
 #include <string>
 
 #include "document/CNodeBase.h"
+#include "document/NodeAttributes.h"
 #include "nodes/CObjectFrame.h"
 #include "nodes/IPlaced.h"
 #include "plan/CPaintState.h"
@@ -38,6 +39,8 @@ public:
         MoveAnchor(frame_.DreiBein().Pos(), 0);
     }
     Kind PaintKind() const override { return Kind::Good; }
+    // Not while the simulator has it locked ("LockEd" other than 0).
+    bool isDeleteable() const override { return !LockedInSimulator(*this); }
 
     void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }
     void RotateFrame(double angle, double cx, double cy) override { Rotate(angle, cx, cy); }

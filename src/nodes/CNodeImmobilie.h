@@ -9,6 +9,7 @@
 #include "document/CNodeBase.h"
 #include "document/CNodePool.h"
 #include "document/ICopy.h"
+#include "document/NodeAttributes.h"
 #include "nodes/CObjectFrame.h"
 #include "nodes/IPlaced.h"
 #include "plan/CPaintState.h"
@@ -66,6 +67,8 @@ public:
     void Move(double dx, double dy, double dz) override;
     void Rotate(double angle, double cx, double cy) override;
     Kind PaintKind() const override { return Kind::Immobilie; }
+    // Not while the simulator has it locked ("LockEd" other than 0).
+    bool isDeleteable() const override { return !LockedInSimulator(*this); }
 
     // The object's own frame.
     void MoveFrame(double dx, double dy, double dz) override { MovePos(dx, dy, dz); }

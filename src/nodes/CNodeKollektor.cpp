@@ -23,7 +23,6 @@ Variant CNodeKollektor::XmlAttr(std::string_view name) const {
 
 namespace {
 constexpr uint8_t kFrameSlot = 1;
-constexpr uint8_t kEntrySlot = 2;
 } // namespace
 
 std::span<const uint8_t> CNodeKollektor::DefaultSlots() const {
@@ -108,6 +107,21 @@ CKollektorGleis CNodeKollektor::ReadEntry(const INode& entry) const {
         for (CDictionary::Entry attribute : entry.Attributes().Entries())
             gleis.AsRead.emplace_back(AttributeNames().GetString(attribute.key), attribute.value);
     return gleis;
+}
+
+void CNodeKollektor::RestoreGleise(const RemovedEntries& removed) {
+    std::vector<CKollektorGleis> merged;
+    merged.reserve(gleise_.size() + removed.entries.size());
+    size_t old = 0, back = 0;
+    while (old < gleise_.size() || back < removed.entries.size()) {
+        if (back < removed.entries.size() &&
+            (static_cast<size_t>(removed.indices[back]) == merged.size() || old >= gleise_.size()))
+            merged.push_back(removed.entries[back++]);
+        else
+            merged.push_back(std::move(gleise_[old++]));
+    }
+    gleise_ = std::move(merged);
+    ChildOrder().RestoreMany(removed.orderPlaces, kEntrySlot);
 }
 
 bool CNodeKollektor::CheckNode() {

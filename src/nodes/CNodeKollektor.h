@@ -45,6 +45,31 @@ public:
     void SetPlacement(CPlacement&& placement) override { frame_.SetPlacement(placement); }
     const std::vector<CKollektorGleis>& Gleise() const { return gleise_; }
 
+    // Track entries taken out with their places, so that they go back exactly.
+    struct RemovedEntries {
+        std::vector<int32_t> indices; // ascending
+        std::vector<CKollektorGleis> entries;
+        std::vector<size_t> orderPlaces;
+        bool Empty() const { return indices.empty(); }
+    };
+    // Takes out every track entry for which `remove` is true, in one pass.
+    template <typename Predicate> RemovedEntries RemoveGleiseIf(Predicate remove) {
+        RemovedEntries removed;
+        size_t kept = 0;
+        for (size_t i = 0; i < gleise_.size(); ++i) {
+            if (remove(gleise_[i])) {
+                removed.indices.push_back(static_cast<int32_t>(i));
+                removed.entries.push_back(std::move(gleise_[i]));
+            } else {
+                gleise_[kept++] = std::move(gleise_[i]);
+            }
+        }
+        gleise_.resize(kept);
+        removed.orderPlaces = ChildOrder().RemovedMany(kEntrySlot, removed.indices);
+        return removed;
+    }
+    void RestoreGleise(const RemovedEntries& removed);
+
 protected:
     // Frame, track entries, kept children, unless the file had them otherwise.
     std::span<const uint8_t> DefaultSlots() const override;
@@ -52,6 +77,7 @@ protected:
     bool WriteOwnedChild(CXmlWriter& writer, uint8_t slot, int instance) override;
 
 private:
+    static constexpr uint8_t kEntrySlot = 2;
     CKollektorGleis ReadEntry(const INode& entry) const;
 
     int32_t id_ = 0;

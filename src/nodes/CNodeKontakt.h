@@ -36,6 +36,9 @@ public:
     void SetSignalDataLow(int32_t low) { signalLow_ = low; }
     int32_t SignalDataHigh() const { return signalHigh_; }
     void SetSignalDataHigh(int32_t high) { signalHigh_ = high; }
+    // The key id of the signal or switch the contact names is the low part.
+    int32_t SignalDataKeyId() const { return signalLow_; }
+    void SetSignalDataKeyId(int32_t keyId) { signalLow_ = keyId; }
     // high part x 65536 + low part; throws an overflow when that leaves 32 bits.
     int32_t SignalData() const;
 
