@@ -22,6 +22,10 @@ FRenumKeyIds::FRenumKeyIds(const CKeyIdRenumbering& renumbering, QWidget* parent
     lblWarning_ = new QLabel(ToQt(CKeyIdRenumbering::WarningText()), this);
     lblWarning_->setObjectName(QStringLiteral("lblWarning"));
     lblWarning_->setWordWrap(true);
+    auto* lblDangling = new QLabel(ToQt(renumbering.DanglingText()), this);
+    lblDangling->setObjectName(QStringLiteral("lblDangling"));
+    lblDangling->setWordWrap(true);
+    lblDangling->setVisible(renumbering.DanglingReferences() > 0);
     auto* lblTable = new QLabel(ToQt(FormatMessage("%1 Key-IDs ändern sich (alt → neu):",
                                                    WholeNumberText(renumbering.ChangedCount()))),
                                 this);
@@ -48,6 +52,7 @@ FRenumKeyIds::FRenumKeyIds(const CKeyIdRenumbering& renumbering, QWidget* parent
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblWarning_);
+    layout->addWidget(lblDangling);
     layout->addSpacing(8);
     layout->addWidget(lblTable);
     layout->addWidget(txtTable_, 1);

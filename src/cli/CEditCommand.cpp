@@ -238,8 +238,10 @@ bool CEditCommand::RenumberKeyIds(CAnlage& anlage, CEditHistory& history) {
              << '\n';
         return true;
     }
-    out_ << ConsoleText(FormatMessage("Hinweis: %1", CKeyIdRenumbering::WarningText())) << '\n'
-         << ConsoleText(renumbering.TableText());
+    out_ << ConsoleText(FormatMessage("Hinweis: %1", CKeyIdRenumbering::WarningText())) << '\n';
+    if (renumbering.DanglingReferences() > 0)
+        out_ << ConsoleText(FormatMessage("Hinweis: %1", renumbering.DanglingText())) << '\n';
+    out_ << ConsoleText(renumbering.TableText());
     if (!renumbering.Run(history))
         return false; // reported
     out_ << ConsoleText(FormatMessage(

@@ -16,6 +16,7 @@
 #include "edit/CProcMeldungen.h"
 #include "edit/CProcRenumKeyId.h"
 #include "nodes/CIterGleis.h"
+#include "nodes/CIterKontakt.h"
 #include "nodes/CIterMeldung.h"
 #include "nodes/CNodeGleisSys.h"
 #include "nodes/LayoutLookup.h"
@@ -24,6 +25,7 @@ namespace kavrin {
 
 CKeyIdRenumbering::CKeyIdRenumbering(CAnlage& anlage) : anlage_(anlage) {
     ReadKeyIds();
+    CountDanglingReferences();
 }
 
 void CKeyIdRenumbering::ReadKeyIds() {
@@ -46,6 +48,36 @@ void CKeyIdRenumbering::ReadKeyIds() {
     table_.reserve(ids.size());
     for (size_t i = 0; i < ids.size(); ++i)
         table_.push_back({ids[i], static_cast<int32_t>(i + 1)});
+}
+
+void CKeyIdRenumbering::CountDanglingReferences() {
+    auto known = [this](int32_t keyId) {
+        return keyId <= 0 ||
+               std::binary_search(table_.begin(), table_.end(), Entry{keyId, 0},
+                                  [](const Entry& a, const Entry& b) { return a.oldId < b.oldId; });
+    };
+    dangling_ = 0;
+    for (CNodeGleisSys* system : TrackSystems(anlage_)) {
+        CIterGleis tracks;
+        for (tracks.Walk(*system); tracks.HasNext();) {
+            auto* track = static_cast<CNodeGleis*>(tracks.GetNext());
+            dangling_ += known(track->SignalData() & 0xFFFF) ? 0 : 1;
+            CIterKontakt contacts;
+            for (contacts.Walk(*track); contacts.HasNext();)
+                dangling_ += known(static_cast<CNodeKontakt*>(contacts.GetNext())->SignalDataKeyId()) ? 0 : 1;
+        }
+    }
+}
+
+std::string CKeyIdRenumbering::DanglingText() const {
+    if (dangling_ == 0)
+        return {};
+    return FormatMessage(dangling_ == 1
+                             ? "%1 Kontakt oder Gleis verweist auf eine Key-ID, die es in der Anlage "
+                               "nicht gibt; dieser Verweis bleibt unverändert."
+                             : "%1 Kontakte oder Gleise verweisen auf Key-IDs, die es in der Anlage "
+                               "nicht gibt; diese Verweise bleiben unverändert.",
+                         WholeNumberText(dangling_));
 }
 
 int32_t CKeyIdRenumbering::ChangedCount() const {

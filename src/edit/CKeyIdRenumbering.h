@@ -32,6 +32,10 @@ public:
     // a dialog and the console.
     std::string TableText() const;
     static std::string WarningText();
+    // References (contacts' and tracks' signal data) to key ids that no track or signal has: they
+    // stay as they are, and the text says so; empty when there are none.
+    int32_t DanglingReferences() const { return dangling_; }
+    std::string DanglingText() const;
 
     // Renumbers and records the step. False when nothing changes (nothing recorded) or when it
     // failed: then the error is reported and the layout is as it was before.
@@ -42,9 +46,11 @@ public:
 
 private:
     void ReadKeyIds();
+    void CountDanglingReferences();
 
     CAnlage& anlage_;
     std::vector<Entry> table_;
+    int32_t dangling_ = 0;
     int32_t changedObjects_ = 0;
     int32_t changedReferences_ = 0;
 };

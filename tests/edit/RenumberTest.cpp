@@ -54,6 +54,8 @@ TEST_F(Renumber, IdsBecomeOneToNAndReferencesFollow) {
     ASSERT_EQ(renumbering.Table().size(), 3u);
     EXPECT_EQ(renumbering.ChangedCount(), 3);
     EXPECT_EQ(renumbering.TableText(), "Key-ID alt\tKey-ID neu\n12\t1\n40\t2\n700\t3\n");
+    EXPECT_EQ(renumbering.DanglingReferences(), 1); // the contact naming 99
+    EXPECT_NE(renumbering.DanglingText().find("1 Kontakt oder Gleis verweist"), std::string::npos);
     ASSERT_TRUE(renumbering.Run(history));
     // Track 1, its signals, track 2 and its signal, track 3 (sharing 12 with a signal).
     EXPECT_EQ(KeyIds(), (std::vector<int32_t>{2, 1, 0, -3, 3, 1}));
@@ -68,6 +70,7 @@ TEST_F(Renumber, IdsBecomeOneToNAndReferencesFollow) {
 
     CKeyIdRenumbering again(anlage);
     EXPECT_EQ(again.ChangedCount(), 0);
+    EXPECT_EQ(again.DanglingReferences(), 1);
     EXPECT_FALSE(again.Run(history));
     EXPECT_EQ(history.Count(), 1u);
 
