@@ -108,9 +108,22 @@ Variant CNodeBase::XmlAttr(std::string_view) const {
 }
 
 bool CNodeBase::XmlText(CXmlWriter& writer) {
-    if (!text_.empty())
+    if (text_.empty())
+        return true;
+    if (HasChildElements())
+        writer.Raw(EscapedTextAmongElements(text_));
+    else
         writer.Text(text_);
     return true;
+}
+
+bool CNodeBase::HasChildElements() const {
+    if (SubNodes().Count() > 0)
+        return true;
+    for (uint8_t slot : DefaultSlots())
+        if (OwnedChildCount(slot) > 0)
+            return true;
+    return false;
 }
 
 std::span<const uint8_t> CNodeBase::DefaultSlots() const {

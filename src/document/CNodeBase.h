@@ -81,6 +81,8 @@ protected:
     virtual std::span<const uint8_t> DefaultSlots() const;
     // How many children of a slot the node holds now, and writing the instance-th of them.
     virtual int OwnedChildCount(uint8_t) const { return 0; }
+    // Whether anything is written inside the element besides its text.
+    bool HasChildElements() const;
     virtual bool WriteOwnedChild(CXmlWriter&, uint8_t, int) { return true; }
     // A child of one of the class's own order was read; called before the class stores it.
     void NoteOwnedChild(uint8_t slot);

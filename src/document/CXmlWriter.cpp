@@ -80,6 +80,17 @@ std::string EscapedText(std::string_view text) {
     return writer.Result();
 }
 
+// Blanks alone beside child elements came from character references: a parser takes them,
+// written plainly, for layout between the elements and drops them.
+std::string EscapedTextAmongElements(std::string_view text) {
+    if (text.empty() || text.find_first_not_of(" \t\r\n") != std::string_view::npos)
+        return EscapedText(text);
+    std::string references;
+    for (char c : text)
+        references += "&#" + std::to_string(static_cast<int>(c)) + ';';
+    return references;
+}
+
 std::string ProcessingInstructionText(std::string_view name, std::string_view value) {
     std::string text = "<?";
     text.append(name);
@@ -98,13 +109,6 @@ void CXmlWriter::CloseStartTag() {
 }
 
 void CXmlWriter::Escaped(std::string_view text, bool inAttribute) {
-    // A text of blanks alone came from character references; written plainly, a parser takes it
-    // for layout between the elements and drops it, so it keeps its references.
-    if (!inAttribute && !text.empty() && text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
-        for (char c : text)
-            buffer_ += "&#" + std::to_string(static_cast<int>(c)) + ';';
-        return;
-    }
     // Most values need no escaping: find the first special character with a table first.
     static const auto special = [] {
         std::array<uint8_t, 256> table{};

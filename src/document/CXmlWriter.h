@@ -33,6 +33,8 @@ public:
 
 private:
     friend std::string EscapedText(std::string_view text);
+    // As EscapedText, for a text that stands beside child elements.
+    std::string EscapedTextAmongElements(std::string_view text);
     void CloseStartTag();
     void Escaped(std::string_view text, bool inAttribute);
     void MaybeFlush();
@@ -45,6 +47,8 @@ private:
 
 // A text as the writer writes it.
 std::string EscapedText(std::string_view text);
+// As EscapedText, for a text that stands beside child elements.
+std::string EscapedTextAmongElements(std::string_view text);
 
 // "<?name value?>" (no blank when there is no value).
 std::string ProcessingInstructionText(std::string_view name, std::string_view value);

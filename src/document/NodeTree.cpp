@@ -70,7 +70,7 @@ bool HandleText(INode& parent, const pugi::xml_node& node, bool first) {
         parent.SetText(node.value());
         return true;
     }
-    auto kept = std::make_unique<CNodeRaw>(EscapedText(node.value()));
+    auto kept = std::make_unique<CNodeRaw>(EscapedTextAmongElements(node.value()));
     kept->SetName("#text");
     kept->SetAnlage(parent.Anlage());
     AppendChild(parent, std::move(kept));
