@@ -68,6 +68,7 @@ void CDeleteCommands::DeleteSelection() {
     for (const CDeleteEdit::Train& train : CDeleteEdit::AffectedTrains(window_.Anlage()))
         dialog.RegisterRolli(train.pool, train.name, train.vehicles);
     dialog.exec();
+    window_.ReturnFocusToPlan();
     if (dialog.Cancelled())
         return;
     size_t before = history_.Count();
@@ -97,6 +98,7 @@ void CDeleteCommands::ShowSignalsDel() {
             return result.done;
         });
     dialog.exec();
+    window_.ReturnFocusToPlan();
 }
 
 void CDeleteCommands::ShowContactsDel() {
@@ -122,6 +124,7 @@ void CDeleteCommands::ShowContactsDel() {
             return result.done;
         });
     dialog.exec();
+    window_.ReturnFocusToPlan();
 }
 
 // The contacts the clean-up removed are told in one list, after the plan shows the result.

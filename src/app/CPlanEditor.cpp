@@ -268,7 +268,9 @@ void CPlanEditor::ClearSelection() {
 
 void CPlanEditor::SelectGleisIds() {
     FSelGleisId dialog(window_.Anlage(), &window_);
-    if (dialog.exec() != QDialog::Accepted)
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    window_.ReturnFocusToPlan();
+    if (!accepted)
         return;
     CNodeGleisSys* system = FindGleisSys(window_.Anlage(), dialog.SystemId());
     if (!system)
@@ -305,7 +307,9 @@ void CPlanEditor::RenumberKeyIds() {
         return;
     }
     FRenumKeyIds dialog(renumbering, &window_);
-    if (dialog.exec() != QDialog::Accepted)
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    window_.ReturnFocusToPlan();
+    if (!accepted)
         return;
     size_t before = history_.Count();
     renumbering.Run(history_);
@@ -380,6 +384,7 @@ void CPlanEditor::AfterEdit() {
 void CPlanEditor::ShowMoveDialog() {
     if (!formSelMove_) {
         formSelMove_ = new FSelMove(&window_);
+        connect(formSelMove_, &QDialog::finished, this, [this] { window_.ReturnFocusToPlan(); });
         formSelMove_->SetMoveHandler(
             [this](double dx, double dy, double dz) { return FormSelMove_Move(dx, dy, dz); });
     }
@@ -393,6 +398,7 @@ void CPlanEditor::ShowMoveDialog() {
 void CPlanEditor::ShowRotateDialog() {
     if (!formSelRotate_) {
         formSelRotate_ = new FSelRotate(&window_);
+        connect(formSelRotate_, &QDialog::finished, this, [this] { window_.ReturnFocusToPlan(); });
         formSelRotate_->SetRotateHandler(
             [this](double angle, double cx, double cy) { return FormSelRotate_Rotate(angle, cx, cy); });
         connect(formSelRotate_, &FSelRotate::RotCenter, this, &CPlanEditor::FormSelRotate_RotCenter);

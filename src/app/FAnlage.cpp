@@ -385,6 +385,13 @@ void FAnlage::World() {
     navigator_->World();
 }
 
+void FAnlage::ReturnFocusToPlan() {
+    if (!isVisible())
+        return;
+    window()->activateWindow();
+    Plan()->setFocus(Qt::OtherFocusReason);
+}
+
 void FAnlage::ZoomToSelection() {
     const CBox box = selection_.BoundingBox();
     if (box.IsEmpty())

@@ -81,6 +81,8 @@ public:
 
     // Draws the plan anew (after a change of the view options, for example).
     void RepaintPlan();
+    // Gives the keyboard back to the plan after a dialog, so its shortcuts answer at once.
+    void ReturnFocusToPlan();
     // The zoom commands: the next or previous entry of cbZoom, or back to the whole layout.
     void ZoomIn();
     void ZoomOut();
