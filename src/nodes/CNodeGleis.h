@@ -32,6 +32,18 @@ enum TrackEnd : int16_t { kAnfang = 1, kEnde = 2, kEndeAbzweig = 3, kEndeKoAbzwe
 // (CTrackCurve). Children are written back in the order read.
 class CNodeGleis final : public CPaintState, public CNodeBase, public ICopy, public IPlaced {
 public:
+    // Where the track's own children stand in the order of its children.
+    enum Slot : uint8_t {
+        kTargetSlot = 1,
+        kDreibeinSlot,
+        kAnfSlot,
+        kCharakteristikSlot,
+        kFrameSlot,
+        kIntervalSlot,
+        kCurveSlot,
+        kTwistSlot,
+    };
+
     CNodeGleis();
     ~CNodeGleis() override;
     KAVRIN_NODE_POOLED(CNodeGleis)
