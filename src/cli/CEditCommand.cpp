@@ -204,24 +204,31 @@ void CEditCommand::PrintCounts(const CSelection& selection) {
     out_ << ConsoleText(FormatMessage("Auswahl: %1", selection.CountsText())) << '\n';
 }
 
-int CEditCommand::Run(Request& request) {
+bool CEditCommand::CheckAndLoad(Request& request, CAnlage& anlage) {
     std::string problem;
-    if (!CheckValues(request, problem)) {
-        Fail(problem);
-        return 1;
-    }
+    if (!CheckValues(request, problem))
+        return Fail(problem);
+    if (!anlage.Load(request.in))
+        return Fail(FormatMessage("Die Anlage wurde nicht geladen."));
+    return true;
+}
+
+bool CEditCommand::RunOptions(const Request& request, CAnlage& anlage, CSelection& selection,
+                              CEditHistory& history) {
+    size_t undoMark = 0;
+    for (const Option& option : request.options)
+        if (!RunOption(option, anlage, selection, history, undoMark))
+            return false;
+    return true;
+}
+
+int CEditCommand::Run(Request& request) {
     CAnlage anlage;
-    if (!anlage.Load(request.in)) {
-        Fail(FormatMessage("Die Anlage wurde nicht geladen."));
+    if (!CheckAndLoad(request, anlage))
         return 1;
-    }
     CSelection selection;
     CEditHistory history(anlage);
-    size_t undoMark = 0;
-    bool ok = true;
-    for (const Option& option : request.options)
-        if (!(ok = RunOption(option, anlage, selection, history, undoMark)))
-            break;
+    bool ok = RunOptions(request, anlage, selection, history);
     // The selection names nodes of this layout: it goes first.
     selection.Clear();
     if (!ok || !anlage.Save(request.out))
@@ -348,29 +355,18 @@ bool CEditCommand::PrintDeletion(const CDeleteEdit::Result& result, const std::s
 }
 
 int CEditCommand::Preview(Request& request) {
-    std::string problem;
     for (const Option& option : request.options)
         if (!IsSelectionOption(option.name)) {
             Fail(FormatMessage("--loeschen-vorschau nimmt nur Optionen der Auswahl, nicht '%1'.",
                                option.name));
             return 2;
         }
-    if (!CheckValues(request, problem)) {
-        Fail(problem);
-        return 1;
-    }
     CAnlage anlage;
-    if (!anlage.Load(request.in)) {
-        Fail(FormatMessage("Die Anlage wurde nicht geladen."));
+    if (!CheckAndLoad(request, anlage))
         return 1;
-    }
     CSelection selection;
     CEditHistory history(anlage);
-    size_t undoMark = 0;
-    bool ok = true;
-    for (const Option& option : request.options)
-        if (!(ok = RunOption(option, anlage, selection, history, undoMark)))
-            break;
+    bool ok = RunOptions(request, anlage, selection, history);
     if (ok) {
         CDeleteEdit edit(anlage, selection, history);
         for (const CDeleteEdit::Train& train : CDeleteEdit::AffectedTrains(anlage))

@@ -50,6 +50,10 @@ public:
     int Preview(Request& request);
 
 private:
+    // Checks the option values and loads EIN; false (reported) when either fails.
+    bool CheckAndLoad(Request& request, CAnlage& anlage);
+    // The options in their order; false at the first that fails.
+    bool RunOptions(const Request& request, CAnlage& anlage, CSelection& selection, CEditHistory& history);
     bool RunOption(const Option& option, CAnlage& anlage, CSelection& selection, CEditHistory& history,
                    size_t& undoMark);
     // --nummerieren: the warning and the table old -> new, then the renumbering.
