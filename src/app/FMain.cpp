@@ -26,6 +26,7 @@
 #include "app/CPlanWidget.h"
 #include "app/CQtUserInterface.h"
 #include "app/CSettingsStore.h"
+#include "app/CWindowArranger.h"
 #include "app/FAbout.h"
 #include "app/FAnlage.h"
 #include "app/FOptSettings.h"
@@ -309,81 +310,7 @@ void FMain::RemoveAnlage(const FAnlage* window) {
 }
 
 void FMain::ArrangeChildren(int mode) {
-    switch (mode) {
-    case 0:
-        mdiArea_->cascadeSubWindows();
-        break;
-    case 1:
-        TileChildren(true);
-        break;
-    case 2:
-        TileChildren(false);
-        break;
-    case 3:
-        ArrangeIcons();
-        break;
-    case 4:
-        for (QMdiSubWindow* sub : mdiArea_->subWindowList())
-            sub->showMinimized();
-        break;
-    default:
-        break;
-    }
-}
-
-// Tiling horizontally stacks full-width windows from top to bottom; vertically puts
-// full-height windows side by side. Minimised windows stay where they are.
-void FMain::TileChildren(bool horizontally) {
-    std::vector<QMdiSubWindow*> windows;
-    for (QMdiSubWindow* sub : mdiArea_->subWindowList(QMdiArea::CreationOrder))
-        if (!sub->isMinimized() && sub->isVisible())
-            windows.push_back(sub);
-    if (windows.empty())
-        return;
-    QRect area = mdiArea_->viewport()->rect();
-    int count = static_cast<int>(windows.size());
-    for (int i = 0; i < count; ++i) {
-        QMdiSubWindow* sub = windows[static_cast<size_t>(i)];
-        if (sub->isMaximized())
-            sub->showNormal();
-        QRect cell = horizontally
-                         ? QRect(0, area.height() * i / count, area.width(),
-                                 area.height() * (i + 1) / count - area.height() * i / count)
-                         : QRect(area.width() * i / count, 0,
-                                 area.width() * (i + 1) / count - area.width() * i / count, area.height());
-        sub->setGeometry(cell);
-    }
-}
-
-// A new document window takes two thirds of the frame, each one a step below and to the right
-// of the one before, like a cascade.
-void FMain::PlaceNewWindow(QMdiSubWindow* sub) const {
-    const int step = 28;
-    QSize area = mdiArea_->viewport()->size();
-    int others = static_cast<int>(anlagen_.size());
-    QSize size(std::max(480, area.width() * 2 / 3), std::max(320, area.height() * 2 / 3));
-    int places =
-        std::max(1, std::min((area.width() - size.width()) / step, (area.height() - size.height()) / step));
-    int offset = (others % places) * step;
-    sub->setGeometry(offset, offset, size.width(), size.height());
-}
-
-// Minimised windows in rows along the bottom edge of the frame.
-void FMain::ArrangeIcons() {
-    QRect area = mdiArea_->viewport()->rect();
-    int x = 0;
-    int bottom = area.height();
-    for (QMdiSubWindow* sub : mdiArea_->subWindowList(QMdiArea::CreationOrder)) {
-        if (!sub->isMinimized())
-            continue;
-        QSize size = sub->size();
-        if (x > 0 && x + size.width() > area.width()) {
-            x = 0;
-            bottom -= size.height();
-        }
-        sub->move(x, bottom - size.height());
-        x += size.width();
-    }
+    CWindowArranger(*mdiArea_).Arrange(mode);
 }
 
 void FMain::OptionPlan() {
@@ -550,7 +477,7 @@ FAnlage* FMain::OpenFile(const std::string& file) {
                 action->setShortcuts(keys);
         }
     sub->show();
-    PlaceNewWindow(sub);
+    CWindowArranger(*mdiArea_).PlaceNew(*sub, static_cast<int>(anlagen_.size()));
     anlagen_.push_back(window);
     if (window->Load(path)) {
         AddRecentFile(path);

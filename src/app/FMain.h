@@ -92,9 +92,6 @@ private:
     void FillMruMenu(QMenu* menu);
     void FillWindowList();
     void UpdateMenuBar();
-    void TileChildren(bool horizontally);
-    void ArrangeIcons();
-    void PlaceNewWindow(QMdiSubWindow* sub) const;
     QMdiSubWindow* SubWindowOf(const FAnlage* window) const;
     void Activate(FAnlage* window);
     void OpenPending();

@@ -149,8 +149,10 @@ int CCommandLine::Check(const std::string& path) {
         err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';
         return kFailed;
     }
-    out_ << ConsoleText(FormatMessage("Die Anlage wurde geladen (%1 Hinweise).",
-                                      static_cast<long>(console.ui().ParseLog().Hints().size())))
+    const auto hints = static_cast<long>(console.ui().ParseLog().Hints().size());
+    out_ << ConsoleText(FormatMessage(hints == 1 ? "Die Anlage wurde geladen (1 Hinweis)."
+                                                 : "Die Anlage wurde geladen (%1 Hinweise).",
+                                      hints))
          << '\n';
     if (anlage.ChangedWhileLoading())
         out_ << ConsoleText(FormatMessage("Beim Laden wurde die Anlage repariert; gespeichert wird sie so, "

@@ -400,6 +400,9 @@ void WindowsTest::arrangeChildren() {
     QVERIFY(main->OpenFile(kOtherSample));
     QList<QMdiSubWindow*> subs = main->MdiArea()->subWindowList(QMdiArea::CreationOrder);
     QRect area = main->MdiArea()->viewport()->rect();
+    // The first layout fills the frame; the next one lies over it, smaller and a step further in.
+    QCOMPARE(subs[0]->geometry(), area);
+    QVERIFY(subs[1]->geometry().width() < area.width() && subs[1]->geometry().left() > 0);
     main->ArrangeChildren(2); // side by side
     QCOMPARE(subs[0]->geometry(), QRect(0, 0, area.width() / 2, area.height()));
     QCOMPARE(subs[1]->geometry().left(), area.width() / 2);

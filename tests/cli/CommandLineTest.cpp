@@ -52,6 +52,7 @@ TEST(CommandLine, CheckNamesTheRepairsItMade) {
               std::string::npos)
         << run.out.str();
     EXPECT_NE(run.out.str().find("repariert"), std::string::npos);
+    EXPECT_NE(run.out.str().find("(1 Hinweis)."), std::string::npos) << run.out.str();
     CliRun clean({"check", test::SamplePath("Tutorial-Ampelkreuzung-2.anl3")});
     EXPECT_EQ(clean.out.str().find("repariert"), std::string::npos);
 }
