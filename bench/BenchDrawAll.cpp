@@ -4,15 +4,15 @@
 // A layout of the target size: kavrin-gen --tracks 100000 --buildings 100000 -o big.anl3
 #include <benchmark/benchmark.h>
 
+#include "BenchLayout.h"
+
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <iostream>
 
 #include "app/CQtCanvas.h"
 #include "app/modPlanExport.h"
 #include "document/CAnlage.h"
-#include "document/CRecordingUserInterface.h"
 #include "edit/CEditHistory.h"
 #include "edit/CSelectionEdit.h"
 #include "plan/CPlanObjects.h"
@@ -137,26 +137,11 @@ BENCHMARK(LargestZoomAfterUndo)->Unit(benchmark::kMillisecond);
 BENCHMARK(WholeLayoutAllSelected)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
-        std::cerr << "Aufruf: kavrin-bench-drawall DATEI.anl3 [Benchmark-Optionen]\n";
-        return 2;
-    }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     int qtArgc = 1;
     QGuiApplication app(qtArgc, argv);
-    kavrin::CRecordingUserInterface ui;
-    kavrin::SetUI(&ui);
-    kavrin::CAnlage anlage;
-    if (!anlage.Load(argv[1])) {
-        std::cerr << "Die Anlage wurde nicht geladen.\n";
-        return 1;
-    }
-    gAnlage = &anlage;
-    argv[1] = argv[0];
-    benchmark::Initialize(&--argc, ++argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    kavrin::SetUI(nullptr);
-    return 0;
+    return kavrin::bench::RunOnLayout(
+        argc, argv, "kavrin-bench-drawall",
+        [](kavrin::CAnlage& anlage, std::vector<char*>&) { gAnlage = &anlage; });
 }

@@ -4,11 +4,11 @@
 // A layout of the target size: kavrin-gen --tracks 100000 --buildings 100000 [--format new] -o big.anl3
 #include <benchmark/benchmark.h>
 
-#include <iostream>
+#include "BenchLayout.h"
+
 #include <random>
 
 #include "document/CAnlage.h"
-#include "document/CRecordingUserInterface.h"
 #include "edit/CEditHistory.h"
 #include "edit/CSelectionEdit.h"
 #include "plan/CNullCanvas.h"
@@ -123,22 +123,7 @@ BENCHMARK(ClickPick)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PickerBuild)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
-        std::cerr << "Aufruf: kavrin-bench-edit DATEI.anl3 [Benchmark-Optionen]\n";
-        return 2;
-    }
-    kavrin::CRecordingUserInterface ui;
-    kavrin::SetUI(&ui);
-    kavrin::CAnlage anlage;
-    if (!anlage.Load(argv[1])) {
-        std::cerr << "Die Anlage wurde nicht geladen.\n";
-        return 1;
-    }
-    gAnlage = &anlage;
-    argv[1] = argv[0];
-    benchmark::Initialize(&--argc, ++argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    kavrin::SetUI(nullptr);
-    return 0;
+    return kavrin::bench::RunOnLayout(
+        argc, argv, "kavrin-bench-edit",
+        [](kavrin::CAnlage& anlage, std::vector<char*>&) { gAnlage = &anlage; });
 }

@@ -5,10 +5,10 @@
 // Layouts of the target sizes: kavrin-gen --size 25 -o 25.anl3 (likewise 50 and 100)
 #include <benchmark/benchmark.h>
 
-#include <iostream>
+#include "BenchLayout.h"
+
 
 #include "document/CAnlage.h"
-#include "document/CRecordingUserInterface.h"
 #include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
 #include "nodes/CNodeGleis.h"
@@ -80,6 +80,20 @@ void UndoDeleteAllBuildings(benchmark::State& state) {
     Erase<true>(state, SelectBuildings);
 }
 
+// The x halfway between the westernmost and the easternmost track start.
+double MiddleOfTracks(const kavrin::CAnlage& anlage) {
+    double west = 0, east = 0;
+    bool first = true;
+    for (const kavrin::CNodeGleisSys* system : kavrin::TrackSystems(anlage))
+        for (const kavrin::CNodeGleis* track : system->Gleise().Tracks()) {
+            double x = kavrin::CTrackGeometry(*track).Start().X;
+            west = first || x < west ? x : west;
+            east = first || x > east ? x : east;
+            first = false;
+        }
+    return (west + east) / 2;
+}
+
 } // namespace
 
 BENCHMARK(DeleteHalfTracks)->Unit(benchmark::kMillisecond);
@@ -88,32 +102,9 @@ BENCHMARK(DeleteAllBuildings)->Unit(benchmark::kMillisecond);
 BENCHMARK(UndoDeleteAllBuildings)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
-        std::cerr << "Aufruf: kavrin-bench-erase DATEI.anl3 [Benchmark-Optionen]\n";
-        return 2;
-    }
-    kavrin::CRecordingUserInterface ui;
-    kavrin::SetUI(&ui);
-    kavrin::CAnlage anlage;
-    if (!anlage.Load(argv[1])) {
-        std::cerr << "Die Anlage wurde nicht geladen.\n";
-        return 1;
-    }
-    gAnlage = &anlage;
-    double west = 0, east = 0;
-    bool first = true;
-    for (kavrin::CNodeGleisSys* system : kavrin::TrackSystems(anlage))
-        for (kavrin::CNodeGleis* track : system->Gleise().Tracks()) {
-            double x = kavrin::CTrackGeometry(*track).Start().X;
-            west = first || x < west ? x : west;
-            east = first || x > east ? x : east;
-            first = false;
-        }
-    gMiddle = (west + east) / 2;
-    argv[1] = argv[0];
-    benchmark::Initialize(&--argc, ++argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    kavrin::SetUI(nullptr);
-    return 0;
+    return kavrin::bench::RunOnLayout(argc, argv, "kavrin-bench-erase",
+                                      [](kavrin::CAnlage& anlage, std::vector<char*>&) {
+                                          gAnlage = &anlage;
+                                          gMiddle = MiddleOfTracks(anlage);
+                                      });
 }

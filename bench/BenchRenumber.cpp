@@ -8,11 +8,11 @@
 // A layout of a given size: kavrin-gen --size 100 -o big.anl3
 #include <benchmark/benchmark.h>
 
-#include <iostream>
+#include "BenchLayout.h"
+
 #include <string>
 
 #include "document/CAnlage.h"
-#include "document/CRecordingUserInterface.h"
 #include "edit/CEditHistory.h"
 #include "edit/CKeyIdRenumbering.h"
 #include "nodes/CIterGleis.h"
@@ -101,29 +101,13 @@ BENCHMARK(RenumberKeyIds)->Unit(benchmark::kMillisecond);
 BENCHMARK(UndoRenumberKeyIds)->Unit(benchmark::kMillisecond)->Iterations(20);
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
-        std::cerr << "Aufruf: kavrin-bench-renumber DATEI.anl3 [Benchmark-Optionen]\n";
-        return 2;
-    }
-    kavrin::CRecordingUserInterface ui;
-    kavrin::SetUI(&ui);
-    kavrin::CAnlage anlage;
-    if (!anlage.Load(argv[1])) {
-        std::cerr << "Die Anlage wurde nicht geladen.\n";
-        return 1;
-    }
-    if (argc > 2 && std::string(argv[2]) == "--jedes-gleis") {
-        gEveryTrack = true;
-        for (int i = 2; i + 1 < argc; ++i)
-            argv[i] = argv[i + 1];
-        --argc;
-    }
-    SpreadKeyIds(anlage);
-    gAnlage = &anlage;
-    argv[1] = argv[0];
-    benchmark::Initialize(&--argc, ++argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    kavrin::SetUI(nullptr);
-    return 0;
+    return kavrin::bench::RunOnLayout(
+        argc, argv, "kavrin-bench-renumber", [](kavrin::CAnlage& anlage, std::vector<char*>& options) {
+            if (!options.empty() && std::string(options[0]) == "--jedes-gleis") {
+                gEveryTrack = true;
+                options.erase(options.begin());
+            }
+            SpreadKeyIds(anlage);
+            gAnlage = &anlage;
+        });
 }
