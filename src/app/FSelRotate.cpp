@@ -61,7 +61,9 @@ FSelRotate::FSelRotate(QWidget* parent) : QDialog(parent), checker_(new CInputCh
     picRot_->setFixedSize(kArrowSize, kArrowSize);
 
     auto* grid = new QGridLayout;
-    grid->addWidget(new QLabel(ToQt(FormatMessage("&Winkel (Grad):")), this), 0, 0);
+    auto* degreesLabel = new QLabel(ToQt(FormatMessage("&Winkel (Grad):")), this);
+    degreesLabel->setBuddy(txtDegrees_);
+    grid->addWidget(degreesLabel, 0, 0);
     grid->addWidget(txtDegrees_, 0, 1);
     grid->addWidget(rbLeft_, 0, 2);
     grid->addWidget(rbRight_, 0, 3);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QLabel>
 #include <QPointer>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -21,6 +22,18 @@
 #include "core/IUserInterface.h"
 
 namespace kavrin::test {
+
+// The texts of the labels in `dialog` that promise a shortcut key ("&Winkel") but lead nowhere:
+// without a buddy the label shows the ampersand and Alt+key does nothing.
+inline QStringList MnemonicLabelsWithoutBuddy(const QWidget& dialog) {
+    QStringList found;
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        const QString text = QString(label->text()).replace(QStringLiteral("&&"), QString());
+        if (text.contains(QLatin1Char('&')) && label->textFormat() != Qt::RichText && !label->buddy())
+            found << label->text();
+    }
+    return found;
+}
 
 // The desktop port, installed for one test, with its message boxes answered by the test:
 // error and information texts and questions are recorded, questions answered from `answers` (then `answer`).

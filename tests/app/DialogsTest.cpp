@@ -173,6 +173,8 @@ void DialogsTest::settingsDialogChecksTheFolder() {
     std::string missing = folder->File("GibtEsNicht");
     QVERIFY(test::WithModal<FOptSettings>([this] { Trigger("mnuOptionSettings"); },
                                           [&](FOptSettings* dialog) {
+                                              QCOMPARE(test::MnemonicLabelsWithoutBuddy(*dialog),
+                                                       QStringList());
                                               auto* path = dialog->findChild<QLineEdit*>("txtPathAnlagen");
                                               path->setText(QString::fromStdString(missing));
                                               dialog->accept();

@@ -206,6 +206,7 @@ void ExportSearchTest::numberDialogsTakeCommaAndPoint() {
             port->errors.clear();
             FPlanExport dialog(640, 2.0, 1.0);
             dialog.show();
+            QCOMPARE(test::MnemonicLabelsWithoutBuddy(dialog), QStringList());
             auto* box = dialog.findChild<QLineEdit*>("txtWidth");
             box->clear();
             QTest::keyClicks(box, c.typed);

@@ -286,6 +286,7 @@ void SelectionWindowTest::moveDialogTotalsAndInputTest() {
     window->Editor().ShowMoveDialog();
     FSelMove* dialog = window->Editor().FormSelMove();
     QVERIFY(dialog && dialog->isVisible() && !dialog->isModal());
+    QCOMPARE(test::MnemonicLabelsWithoutBuddy(*dialog), QStringList());
     auto box = [dialog](int row) {
         return dialog->findChild<QLineEdit*>(QStringLiteral("txtMeter%1").arg(row));
     };
@@ -361,6 +362,7 @@ void SelectionWindowTest::rotateDialogTotalsCentreAndInputTest() {
     window->Editor().ShowRotateDialog();
     FSelRotate* dialog = window->Editor().FormSelRotate();
     QVERIFY(dialog && dialog->isVisible());
+    QCOMPARE(test::MnemonicLabelsWithoutBuddy(*dialog), QStringList());
     auto* degrees = dialog->findChild<QLineEdit*>("txtDegrees");
     auto* centreX = dialog->findChild<QLineEdit*>("txtCenter0");
     auto* centreY = dialog->findChild<QLineEdit*>("txtCenter1");
