@@ -145,6 +145,15 @@ void FSelMove::cmdMove_Click() {
     for (int row = 0; row < kRows; ++row)
         totals_[row] += offsets[row];
     ShowTotals();
+    if (auto* box = qobject_cast<QLineEdit*>(focusWidget()))
+        box->selectAll(); // the next distance replaces this one
+}
+
+// The first distance is ready to be typed over whenever the window comes up.
+void FSelMove::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    txtMeter_[0]->setFocus();
+    txtMeter_[0]->selectAll();
 }
 
 void FSelMove::cmdClear_Click() {

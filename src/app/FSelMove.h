@@ -43,6 +43,9 @@ public:
     // cmdClear: the distance boxes to "0" and a new count.
     void cmdClear_Click();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void CreateRow(int row, QGridLayout& grid);
     bool InputIsValid();

@@ -165,6 +165,14 @@ void FSelRotate::cmdRotate_Click() {
         return;
     total_ = Remainder(total_ + angle, 360);
     ShowTotal();
+    txtDegrees_->selectAll(); // the next angle replaces this one
+}
+
+// The angle is ready to be typed over whenever the window comes up.
+void FSelRotate::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    txtDegrees_->setFocus();
+    txtDegrees_->selectAll();
 }
 
 void FSelRotate::ResetTotal() {

@@ -296,6 +296,7 @@ void SelectionWindowTest::moveDialogTotalsAndInputTest() {
     auto button = [dialog](int row, int which) {
         return dialog->findChild<QRadioButton*>(QStringLiteral("rbDir%1_%2").arg(row).arg(which));
     };
+    QCOMPARE(box(0)->selectedText(), box(0)->text()); // ready to be typed over
     QCOMPARE(dialog->findChild<QLabel*>("lblAreaVon")->text(), QString("100,00 m; 100,00 m; 0,00 m"));
     QCOMPARE(dialog->findChild<QLabel*>("lblAreaBis")->text(), QString("bis 100,00 m; 100,00 m; 0,00 m"));
     auto* move = dialog->findChild<QPushButton*>("cmdMove");
@@ -372,11 +373,14 @@ void SelectionWindowTest::rotateDialogTotalsCentreAndInputTest() {
     // Without a centre of its own it turns about the middle of the selection, which the marker shows.
     QCOMPARE(centreX->text(), QString("100,00"));
     QVERIFY(window->Editor().RotCenterShown());
+    // The angle is selected, so the first key typed replaces it, also after each step.
+    QCOMPARE(degrees->selectedText(), degrees->text());
     // Two steps of 200 degrees to the left: 400, reduced modulo 360.
     degrees->setText("200");
     rotate->click();
     rotate->click();
     QCOMPARE(sum->text(), QString("40 Grad"));
+    QCOMPARE(degrees->selectedText(), QString("200"));
     QVERIFY(!arrow->pixmap().isNull());
     const QImage left = arrow->pixmap().toImage();
     dialog->findChild<QRadioButton*>("rbRight")->setChecked(true);
