@@ -43,8 +43,10 @@ CDeleteEdit::Result CDeleteEdit::Run(const char* stepName,
             eraser.EraseKeyIdReferences(removedKeyIds);
     } catch (...) {
         step->Undo();
+        // The eraser's own members name themselves with the doubled "Beim" users know; a failure
+        // outside them reads as a plain sentence.
         const CEraser::Failure failure =
-            eraser.Failed().value_or(CEraser::Failure{"Run", "Beim Löschen", "Objekte"});
+            eraser.Failed().value_or(CEraser::Failure{"Run", "Löschen", "Objekte"});
         ReportCurrentError("CEraser." + failure.member,
                            FormatMessage("Beim %1 der %2 ist ein Fehler aufgetreten!%m"
                                          "Speichern Sie die Anlage KEINESFALLS unter dem alten Namen,%n"

@@ -65,9 +65,12 @@ public:
     // What a deletion removed (or would remove), one German line per kind that it touched.
     static std::vector<std::string> SummaryLines(const Result& result);
 
-private:
+    // Runs eraser work as one step named `stepName`, then removes the references to the key ids
+    // the work collected. On an error the step is rolled back and the error reported; `keep`
+    // false rolls back a run that went well too (a preview).
     Result Run(const char* stepName, const std::function<void(CEraser&, CArrayOfLong&)>& work, bool keep);
 
+private:
     CAnlage& anlage_;
     CSelection& selection_;
     CEditHistory& history_;

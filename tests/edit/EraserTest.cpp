@@ -264,6 +264,31 @@ TEST_F(Eraser, AFailureHalfwayIsRolledBackByItsStep) {
     EXPECT_NE(FindGleis(anlage, 1, 3), nullptr);
 }
 
+// A deletion that fails halfway leaves the layout as it was, records nothing, and says so with
+// the warning not to save over the old file.
+TEST_F(Eraser, AFailedDeletionIsRolledBackAndReported) {
+    selection.Add(Track(1, 3));
+    selection.Add(Building(3));
+    CDeleteEdit::Result result = edit.Run(
+        "Löschen",
+        [this](CEraser& eraser, CArrayOfLong& removedKeyIds) {
+            eraser.DeleteSelectedTracks(removedKeyIds);
+            eraser.DeleteSelectedImmos();
+            eraser.EraseNodes(*FindGleisSys(anlage, 1), {0, 99}); // no child 99
+        },
+        true);
+    EXPECT_TRUE(result.failed);
+    EXPECT_FALSE(result.done);
+    EXPECT_EQ(history.Count(), 0u);
+    EXPECT_EQ(Save(), before);
+    ASSERT_EQ(scope.ui.errors.size(), 1u);
+    const std::string& error = scope.ui.errors.front();
+    EXPECT_EQ(error.rfind(FormatMessage("Beim Löschen der Objekte ist ein Fehler aufgetreten!"), 0), 0u)
+        << error;
+    EXPECT_NE(error.find("KEINESFALLS"), std::string::npos) << error;
+    EXPECT_NE(error.find("CEraser.Run"), std::string::npos) << error;
+}
+
 TEST_F(Eraser, KeyIdsOfRemovedTracksAndSignalsAreReportedUnlessNegative) {
     for (int32_t id : {1, 2, 3, 4})
         selection.Add(Track(1, id));
