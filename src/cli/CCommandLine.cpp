@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/CConsoleUserInterface.h"
+#include "cli/CDiffCommand.h"
 #include "cli/CEditCommand.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
@@ -64,6 +65,8 @@ int CCommandLine::Dispatch(const std::vector<std::string>& args) {
         return Save(args[1], args[2]);
     if (command == "render")
         return Render(std::vector<std::string>(args.begin() + 1, args.end()));
+    if (command == "diff")
+        return Diff(std::vector<std::string>(args.begin() + 1, args.end()));
     if (command == "edit")
         return Edit(std::vector<std::string>(args.begin() + 1, args.end()));
     if (command == "info" || command == "check" || command == "save")
@@ -85,9 +88,10 @@ void CCommandLine::Help() {
          << "                               und Züge mit ihrer Anzahl (wie Anlage > Inventar im Editor)\n"
          << "  kavrin-cli check DATEI       Anlage laden; Hinweise auf der Standardausgabe\n"
          << "  kavrin-cli save EIN AUS      Anlage EIN laden und als AUS speichern\n"
-         << CRenderCommand::Usage() << CEditCommand::Usage() << "  kavrin-cli --help            diese Hilfe\n"
+         << CRenderCommand::Usage() << CEditCommand::Usage() << CDiffCommand::Usage()
+         << "  kavrin-cli --help            diese Hilfe\n"
          << "  kavrin-cli --version         Versionsnummer\n\n"
-         << "Rückgabewert: 0 erfolgreich, 1 fehlgeschlagen, 2 falscher Aufruf.\n";
+         << "Rückgabewert: 0 erfolgreich, 1 fehlgeschlagen, 2 falscher Aufruf (diff: siehe oben).\n";
 }
 
 int CCommandLine::Info(const std::string& path) {
@@ -219,6 +223,17 @@ int CCommandLine::Edit(const std::vector<std::string>& args) {
         return Usage(problem);
     ConsoleScope console(out_, err_);
     return CEditCommand(out_, err_).Run(request) == 0 ? kOk : kFailed;
+}
+
+// Hints of the loads would mix with the report (and spoil the JSON): only errors are shown.
+int CCommandLine::Diff(const std::vector<std::string>& args) {
+    CDiffCommand::Request request;
+    std::string problem;
+    if (!CDiffCommand::Parse(args, request, problem))
+        return Usage(problem);
+    ConsoleScope console(out_, err_);
+    console.ui().SetHintsShown(false);
+    return CDiffCommand(out_, err_).Run(request);
 }
 
 } // namespace kavrin

@@ -38,6 +38,7 @@ private:
     int Save(const std::string& in, const std::string& out);
     int Render(const std::vector<std::string>& args);
     int Edit(const std::vector<std::string>& args);
+    int Diff(const std::vector<std::string>& args);
     int DeletionPreview(const std::vector<std::string>& args);
     void PrintContent(const CLayoutStatistics& statistics);
     int Usage(const std::string& problem);
