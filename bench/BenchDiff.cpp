@@ -58,8 +58,8 @@ int main(int argc, char** argv) {
               << "Laden beider Anlagen:       " << load << " s\n"
               << "Vergleich:                  " << compare << " s (" << compare / load
               << " x Laden, Ziel <= 2)\n"
-              << "Speicher beider Anlagen:    " << (loaded - before) / 1024 << " MB (Prozess " << loaded / 1024
-              << " MB)\n"
+              << "Speicher beider Anlagen:    " << (loaded - before) / 1024 << " MB (Prozess "
+              << loaded / 1024 << " MB)\n"
               << "Spitze beim Vergleich:      " << peak / 1024 << " MB (+"
               << 100.0 * static_cast<double>(peak - loaded) / static_cast<double>(loaded - before)
               << " % der Anlagen, Ziel <= 10 %)\n";

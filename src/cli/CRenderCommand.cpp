@@ -2,12 +2,15 @@
 
 #include <cmath>
 #include <filesystem>
+#include <memory>
 #include <ostream>
 
 #include "cli/CConsoleUserInterface.h"
+#include "compare/CLayoutDiff.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
 #include "nodes/LayoutLookup.h"
+#include "plan/CDiffOverlay.h"
 #include "plan/CPlanPainter.h"
 #include "plan/CPlanView.h"
 #include "plan/CTerrainBitmaps.h"
@@ -80,6 +83,8 @@ const char* CRenderCommand::Usage() {
            "    --inhalt                   den Inhalt der Anlage bildfüllend zeigen statt der\n"
            "                               ganzen Anlage (nicht mit --zoom und --mitte)\n"
            "    --hoehe UNTEN:OBEN         Höhenfilter in Metern; eine Seite darf fehlen\n"
+           "    --vergleich ALT            die Änderungen gegenüber der Anlage ALT zeigen: neu grün,\n"
+           "                               entfernt rot, verschoben oder geändert orange\n"
            "    --namen  --signale  --gleis-ids\n"
            "                               Namen, Signale und Kontakte, Gleis-IDs zeigen\n"
            "                               Farben und Sichtbarkeit: die Ansicht-Optionen des Editors\n";
@@ -98,6 +103,10 @@ bool CRenderCommand::Parse(const std::vector<std::string>& args, Request& reques
             request.trackIds = true;
         } else if (arg == "--inhalt") {
             request.content = true;
+        } else if (arg == "--vergleich") {
+            if (!hasValue)
+                return problem = FormatMessage("Zur Option '%1' fehlt der Wert.", arg), false;
+            request.compareWith = args[++i];
         } else if (arg == "--groesse" || arg == "--zoom" || arg == "--mitte" || arg == "--hoehe") {
             if (!hasValue) {
                 problem = FormatMessage("Zur Option '%1' fehlt der Wert.", arg);
@@ -148,6 +157,17 @@ int CRenderCommand::Run(const Request& request) {
         err_ << ConsoleText(FormatMessage("Die Anlage wurde nicht geladen.")) << '\n';
         return 1;
     }
+    // The old layout only lends its removed objects to the picture; it stays as it is on disk.
+    CAnlage alt;
+    std::unique_ptr<CLayoutDiff> diff;
+    if (!request.compareWith.empty()) {
+        if (!alt.Load(request.compareWith)) {
+            err_ << ConsoleText(FormatMessage("Die Anlage%n%1%nwurde nicht geladen.", request.compareWith))
+                 << '\n';
+            return 1;
+        }
+        diff = std::make_unique<CLayoutDiff>(alt, anlage);
+    }
     CPlanView view;
     if (!CPlanPainter::InitView(view, anlage)) {
         err_ << ConsoleText(
@@ -179,7 +199,12 @@ int CRenderCommand::Run(const Request& request) {
     painter.Background = &bitmaps.Background();
     std::string error;
     bool drawn = false;
-    auto draw = [&](Canvas& canvas) { return drawn = painter.DrawAll(canvas); };
+    auto draw = [&](Canvas& canvas) {
+        drawn = painter.DrawAll(canvas);
+        if (drawn && diff)
+            CDiffOverlay(*diff).Draw(canvas);
+        return drawn;
+    };
     if (!writer_ || !writer_(request.width, request.height, draw, request.out, error)) {
         err_ << ConsoleText(error.empty() ? FormatMessage("Das Bild konnte nicht erstellt werden.") : error)
              << '\n';

@@ -35,7 +35,8 @@ public:
         bool names = false;
         bool signals = false;
         bool trackIds = false;
-        bool content = false; // fit the content instead of the whole layout
+        bool content = false;    // fit the content instead of the whole layout
+        std::string compareWith; // the old layout whose changes are drawn over the plan
     };
 
     // Reads the arguments after "render"; false with the reason when they do not fit.

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+
+#include <map>
 #include <pugixml.hpp>
 
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include "../plan/RecordingCanvas.h"
 #include "TestSupport.h"
 #include "cli/CCommandLine.h"
+#include "plan/CDiffOverlay.h"
 
 using namespace kavrin;
 
@@ -204,3 +207,39 @@ TEST(RenderCommand, TheProgramWritesSvgForSvgNames) {
     }
 }
 #endif
+
+namespace {
+
+// Over the plan of an edited copy: the moved tracks in orange with their lines from the old
+// place, the removed ones in red, an added signal-free track in green, nothing else coloured so.
+TEST(RenderCommand, ComparisonDrawsTheThreeColours) {
+    test::TempDir dir;
+    const std::string sample = test::SamplePath("Tutorial-Ampelkreuzung-2.anl3");
+    std::ostringstream out, err;
+    ASSERT_EQ(CCommandLine(out, err).Run({"edit", sample, dir.File("neu.anl3"), "--gleise", "3:40..45",
+                                          "--verschieben", "5;5;0", "--keine", "--gleise", "3:60..62",
+                                          "--loeschen"}),
+              0)
+        << err.str();
+    RenderRun run({"render", dir.File("neu.anl3"), dir.File("plan.png"), "--vergleich", sample});
+    ASSERT_EQ(run.status, 0) << run.err.str();
+    std::map<uint32_t, int> tracks, lines;
+    for (const auto* call : run.canvas.Of("Polyline"))
+        ++tracks[call->color];
+    for (const auto* call : run.canvas.Of("Line"))
+        ++lines[call->color];
+    EXPECT_EQ(tracks[CDiffOverlay::kChangedColor], 6);
+    EXPECT_EQ(lines[CDiffOverlay::kChangedColor], 6);
+    EXPECT_EQ(tracks[CDiffOverlay::kRemovedColor], 3);
+    // The other way round the removed tracks are the added ones.
+    RenderRun back({"render", sample, dir.File("alt.png"), "--vergleich", dir.File("neu.anl3")});
+    ASSERT_EQ(back.status, 0) << back.err.str();
+    int added = 0;
+    for (const auto* call : back.canvas.Of("Polyline"))
+        added += call->color == CDiffOverlay::kAddedColor;
+    EXPECT_EQ(added, 3);
+    RenderRun missing({"render", sample, dir.File("x.png"), "--vergleich", dir.File("fehlt.anl3")});
+    EXPECT_EQ(missing.status, 1);
+}
+
+} // namespace
