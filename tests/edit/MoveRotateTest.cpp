@@ -8,6 +8,7 @@
 #include "../plan/RecordingCanvas.h"
 #include "EditLayouts.h"
 #include "edit/CEditHistory.h"
+#include "edit/CPlacementChange.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
@@ -254,6 +255,45 @@ TEST_F(MoveRotate, QuarterTurnsAndFullTurnsGiveBackTheBytes) {
         EXPECT_EQ(history.Count(), 20u);
         EXPECT_EQ(Save(), untouched);
         selection.Clear();
+    }
+}
+
+// The question before a step: only when something would lie further outside the layout than
+// it does now, measured on what is drawn (a curve's bulge, not only its ends).
+TEST_F(MoveRotate, OnlyAStepFurtherOutOfTheLayoutCounts) {
+    // A half circle (radius 3 m) starting north 2 m below the layout's northern edge: its ends
+    // lie inside, its top 1 m outside.
+    const std::string northward =
+        "<Dreibein><Vektor x=\"5000\" y=\"9800\" z=\"0\">Pos</Vektor><Vektor x=\"0\" y=\"1\" "
+        "z=\"0\">Dir</Vektor><Vektor x=\"-1\" y=\"0\" z=\"0\">Nor</Vektor><Vektor x=\"0\" y=\"0\" "
+        "z=\"1\">Bin</Vektor></Dreibein>";
+    ASSERT_TRUE(LoadInner("<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\"><Gleis GleisID=\"1\">" +
+                          northward +
+                          "<Charakteristik Kruemmung=\"-0.0033333333333333\" Torsion=\"0\" "
+                          "Fuehrungsverdrehung=\"0\" Laenge=\"942.477796\"/></Gleis></Gleissystem>"
+                          "<Schandlaft extX=\"100\" extY=\"100\" posX=\"0\" posY=\"0\" dichte=\"0.01\"/>"));
+    SelectAll();
+    ASSERT_EQ(selection.Count(), 1);
+    CTrackGeometry geometry(Track(2, 1));
+    ASSERT_LT(std::max(geometry.Start().Y, geometry.End().Y), 10000);
+    EXPECT_NEAR(selection.BoundingBox().North, 10100, 1.5);
+    using T = CPlacementChange::Transform;
+    struct Case {
+        const char* what;
+        T step;
+        bool asks;
+    };
+    const Case cases[] = {
+        {"further north: the bulge goes further out", T::Move(0, 50, 0), true},
+        {"back south", T::Move(0, -50, 0), false},
+        {"along the edge", T::Move(2000, 0, 0), false},
+        {"a half turn about its middle puts the bulge inside", T::Rotate(180, 5300, 9800), false},
+        {"a quarter turn about a far point", T::Rotate(90, 5000, 0), true},
+        {"out over the western edge", T::Move(-5500, -5000, 0), true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(CSelectionEdit::GoesFurtherOut(selection, anlage, c.step), c.asks);
     }
 }
 
