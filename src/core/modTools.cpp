@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "core/IUserInterface.h"
+#include "core/modPaths.h"
 
 namespace kavrin {
 
@@ -376,8 +377,10 @@ std::string SystemErrorText(int errorNumber) {
         return "ist ein Ordner";
     case ENOTDIR:
         return "ein Teil des Pfades ist kein Ordner";
+#ifdef EDQUOT
     case EDQUOT:
         return "Speicherkontingent erschöpft";
+#endif
     case EIO:
         return "Ein-/Ausgabefehler";
     case EBUSY:
@@ -406,12 +409,12 @@ std::string SystemErrorText(int errorNumber) {
 
 bool FileExists(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && std::filesystem::is_regular_file(path, ec);
+    return !path.empty() && std::filesystem::is_regular_file(PathFromUtf8(path), ec);
 }
 
 bool DirectoryExists(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && std::filesystem::is_directory(path, ec);
+    return !path.empty() && std::filesystem::is_directory(PathFromUtf8(path), ec);
 }
 
 std::string NameWithoutExtension(const std::string& path) {
