@@ -77,6 +77,18 @@ void UndoRotateAll(benchmark::State& state) {
     EditAll<true, true>(state);
 }
 
+// The test before a step of the window (and the command line): would it take something further
+// out of the layout, by the drawn extent of everything selected?
+void FurtherOutCheck(benchmark::State& state) {
+    kavrin::CSelection selection;
+    kavrin::CPlanObjects(*gAnlage, gOptions).SelectAll(selection, 2);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(kavrin::CSelectionEdit::GoesFurtherOut(
+            selection, *gAnlage, kavrin::CPlacementChange::Transform::Rotate(12.5, 1000, -2000)));
+    state.counters["objects"] = selection.Count();
+    selection.Clear();
+}
+
 // The whole layout at the first zoom step, drawn once, so that every node knows it is shown.
 kavrin::CPlanView DrawnView() {
     kavrin::CPlanView view;
@@ -119,6 +131,7 @@ BENCHMARK(MoveAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(UndoMoveAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(RotateAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(UndoRotateAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(FurtherOutCheck)->Unit(benchmark::kMillisecond);
 BENCHMARK(ClickPick)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PickerBuild)->Unit(benchmark::kMillisecond);
 

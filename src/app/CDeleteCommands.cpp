@@ -71,9 +71,8 @@ void CDeleteCommands::DeleteSelection() {
     window_.ReturnFocusToPlan();
     if (dialog.Cancelled())
         return;
-    size_t before = history_.Count();
     CDeleteEdit::Result result = CDeleteEdit(window_.Anlage(), selection_, history_).DeleteSelection();
-    Deleted(before, result.done, result.reports);
+    Deleted(result.done, result.reports);
 }
 
 void CDeleteCommands::ShowSignalsDel() {
@@ -91,10 +90,9 @@ void CDeleteCommands::ShowSignalsDel() {
             return lines;
         },
         [this](const std::vector<std::string>& names) {
-            size_t before = history_.Count();
             CDeleteEdit::Result result =
                 CDeleteEdit(window_.Anlage(), selection_, history_).DeleteSignals(names);
-            Deleted(before, result.done, result.reports);
+            Deleted(result.done, result.reports);
             return result.done;
         });
     dialog.exec();
@@ -117,10 +115,9 @@ void CDeleteCommands::ShowContactsDel() {
             std::vector<int32_t> kinds;
             for (const std::string& key : keys)
                 kinds.push_back(TextToLong(key));
-            size_t before = history_.Count();
             CDeleteEdit::Result result =
                 CDeleteEdit(window_.Anlage(), selection_, history_).DeleteContacts(kinds);
-            Deleted(before, result.done, result.reports);
+            Deleted(result.done, result.reports);
             return result.done;
         });
     dialog.exec();
@@ -128,8 +125,8 @@ void CDeleteCommands::ShowContactsDel() {
 }
 
 // The contacts the clean-up removed are told in one list, after the plan shows the result.
-void CDeleteCommands::Deleted(size_t stepsBefore, bool done, const std::vector<std::string>& reports) {
-    editor_.EditedElsewhere(stepsBefore);
+void CDeleteCommands::Deleted(bool done, const std::vector<std::string>& reports) {
+    editor_.EditedElsewhere();
     if (!done || reports.empty())
         return;
     const std::string gap = FormatMessage("%m");

@@ -29,7 +29,7 @@ public:
     void ShowContactsDel();
 
 private:
-    void Deleted(size_t stepsBefore, bool done, const std::vector<std::string>& reports);
+    void Deleted(bool done, const std::vector<std::string>& reports);
     void UpdateCommands();
 
     FAnlage& window_;

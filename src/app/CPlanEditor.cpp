@@ -24,6 +24,7 @@
 #include "document/CAnlage.h"
 #include "edit/CDeleteEdit.h"
 #include "edit/CEditHistory.h"
+#include "edit/CEditStep.h"
 #include "edit/CKeyIdRenumbering.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleisSys.h"
@@ -63,9 +64,12 @@ CPlanEditor::CPlanEditor(FAnlage& window, CSelection& selection, CEditHistory& h
     lblSelection_->setObjectName(QStringLiteral("lblSelection"));
     lblSelection_->setAlignment(Qt::AlignCenter);
     connect(undoStack_, &QUndoStack::indexChanged, this, &CPlanEditor::UpdateUndoTexts);
+    history_.SetRecordListener([this](const CEditStep& step) { Recorded(step); });
     ConnectPlan();
 }
 
+// The history goes with the window before the editor (a child object) does; it never calls
+// the listener on its way.
 CPlanEditor::~CPlanEditor() = default;
 
 QAction* CPlanEditor::AddCommand(QList<QAction*>& items, const char* name, const char* text) {
@@ -236,8 +240,11 @@ void CPlanEditor::PaintDraggedSelection(QPainter& painter, QPoint offset) const 
 }
 
 // Members the plan no longer shows (their kind hidden, out of the height band) leave the
-// selection; they were not drawn, so the picture stays as it is. After an edit the picker's
-// grid is made while the user looks at the new drawing, not at the next click.
+// selection; they were not drawn, so the picture stays as it is. Not so for members that an
+// edit took out of view (a move up or down with the height filter on): the selection is what
+// the user works on, and it stays until the user changes it (the status strip says how many are
+// hidden). After an edit the picker's grid is made while the user looks at the new drawing,
+// not at the next click.
 void CPlanEditor::PlanDrawn() {
     if (!picker_->Built())
         QTimer::singleShot(0, this, [this] {
@@ -246,6 +253,10 @@ void CPlanEditor::PlanDrawn() {
         });
     if (selection_.Empty())
         return;
+    if (selection_.Generation() == editedGeneration_) {
+        ShowSelectionCount();
+        return;
+    }
     if (selection_.RemoveIf([](const IPaint& member) { return !member.Consider(kVisibleMode); }) > 0)
         SelectionChanged(false);
 }
@@ -291,9 +302,7 @@ void CPlanEditor::SelectGleisIds() {
 void CPlanEditor::CutSelection() {
     if (selection_.Empty())
         return;
-    size_t before = history_.Count();
     size_t cut = CSelectionEdit(selection_, history_).CutSelection();
-    Recorded(before);
     InfoBox(cut == 0
                 ? FormatMessage("Die Auswahl ist mit keinem anderen Gleis verbunden.")
                 : FormatMessage("%1 Gleisverbindungen zwischen der Auswahl und den übrigen Gleisen gelöst.",
@@ -311,24 +320,27 @@ void CPlanEditor::RenumberKeyIds() {
     window_.ReturnFocusToPlan();
     if (!accepted)
         return;
-    size_t before = history_.Count();
     renumbering.Run(history_);
-    Recorded(before);
+}
+
+// A step that takes part of the selection further out of the layout is asked about first.
+bool CPlanEditor::Confirmed(const CPlacementChange::Transform& transform) {
+    if (!CSelectionEdit::GoesFurtherOut(selection_, window_.Anlage(), transform))
+        return true;
+    const bool turning = transform.kind == CPlacementChange::Transform::Kind::Rotate;
+    return Ask(FormatMessage(turning
+                                 ? "Achtung:%mTeile der Auswahl befinden sich nach dem Drehen außerhalb "
+                                   "der Anlage!%mMöchten Sie die ausgewählten Objekte trotzdem drehen?%n"
+                                   "(Die Auswahl bleibt auf jeden Fall erhalten.)"
+                                 : "Achtung:%mTeile der Auswahl befinden sich nach dem Verschieben "
+                                   "außerhalb der Anlage!%mMöchten Sie die ausgewählten Objekte "
+                                   "trotzdem verschieben?%n(Die Auswahl bleibt auf jeden Fall erhalten.)"));
 }
 
 bool CPlanEditor::MoveAsked(double dx, double dy, double dz) {
-    if (selection_.Empty())
+    if (selection_.Empty() || !Confirmed(CPlacementChange::Transform::Move(dx, dy, dz)))
         return false;
-    if (CSelectionEdit::LeavesLayout(selection_, window_.Anlage(), dx, dy) &&
-        !Ask(FormatMessage(
-            "Achtung:%mTeile der Auswahl befinden sich nach dem Verschieben außerhalb der Anlage!%m"
-            "Möchten Sie die ausgewählten Objekte trotzdem verschieben?%n"
-            "(Die Auswahl bleibt auf jeden Fall erhalten.)")))
-        return false;
-    size_t before = history_.Count();
-    bool moved = CSelectionEdit(selection_, history_).Move(dx, dy, dz);
-    Recorded(before);
-    return moved;
+    return CSelectionEdit(selection_, history_).Move(dx, dy, dz);
 }
 
 bool CPlanEditor::FormSelMove_Move(double dx, double dy, double dz) {
@@ -337,10 +349,9 @@ bool CPlanEditor::FormSelMove_Move(double dx, double dy, double dz) {
 
 bool CPlanEditor::FormSelRotate_Rotate(double angle, double cx, double cy) {
     SetRotCenter(cx, cy, true);
-    size_t before = history_.Count();
-    bool turned = CSelectionEdit(selection_, history_).Rotate(angle, cx, cy);
-    Recorded(before);
-    return turned;
+    if (selection_.Empty() || !Confirmed(CPlacementChange::Transform::Rotate(angle, cx, cy)))
+        return false;
+    return CSelectionEdit(selection_, history_).Rotate(angle, cx, cy);
 }
 
 void CPlanEditor::FormSelRotate_RotCenter(double cx, double cy) {
@@ -351,16 +362,14 @@ void CPlanEditor::FormSelRotate_Unload() {
     HideRotCenter();
 }
 
-void CPlanEditor::EditedElsewhere(size_t stepsBefore) {
-    Recorded(stepsBefore);
+void CPlanEditor::EditedElsewhere() {
     SelectionChanged();
 }
 
-void CPlanEditor::Recorded(size_t stepsBefore) {
-    if (history_.Count() == stepsBefore && history_.Done() == stepsBefore)
-        return; // nothing was recorded
+// Whoever recorded the step, the undo stack gets it at once, so that the two never part.
+void CPlanEditor::Recorded(const CEditStep& step) {
     undoStack_->push(new CUndoStep(
-        history_, [this] { AfterEdit(); }, ToQt(history_.UndoName())));
+        history_, [this] { AfterEdit(); }, ToQt(step.Name())));
     AfterEdit();
 }
 
@@ -373,6 +382,7 @@ void CPlanEditor::AfterEdit() {
         if (selection_.Count() != members)
             SelectionChanged(false);
     }
+    editedGeneration_ = selection_.Generation();
     if (history_.Count() == 0 && undoStack_->count() > 0)
         QTimer::singleShot(0, undoStack_, &QUndoStack::clear);
     window_.SetChanged(window_.Anlage().Changed());
@@ -482,9 +492,17 @@ void CPlanEditor::SelectionChanged(bool redraw) {
 }
 
 void CPlanEditor::ShowSelectionCount() {
-    lblSelection_->setText(selection_.Empty()
-                               ? ToQt(FormatMessage("Nichts ausgewählt"))
-                               : ToQt(FormatMessage("%1 ausgewählt", selection_.CountsText())));
+    if (selection_.Empty()) {
+        lblSelection_->setText(ToQt(FormatMessage("Nichts ausgewählt")));
+        return;
+    }
+    std::string text = FormatMessage("%1 ausgewählt", selection_.CountsText());
+    int64_t hidden = 0;
+    for (const IPaint& member : selection_.NewEnum())
+        hidden += member.Consider(kVisibleMode) ? 0 : 1;
+    if (hidden > 0)
+        text += FormatMessage(" (%1 davon ausgeblendet)", WholeNumberText(hidden));
+    lblSelection_->setText(ToQt(text));
 }
 
 void CPlanEditor::UpdateCommands() {

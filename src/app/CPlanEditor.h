@@ -5,9 +5,12 @@
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
+
+#include "edit/CPlacementChange.h"
 
 class QAction;
 class QLabel;
@@ -19,6 +22,7 @@ class QUndoStack;
 namespace kavrin {
 
 class CEditHistory;
+class CEditStep;
 class CPlanPicker;
 class CSelection;
 class CViewOptions;
@@ -72,9 +76,9 @@ public:
     void LayoutLoaded();
     void LayoutSaved();
 
-    // An edit made by another part of the window (the deletions) may have been recorded: the
-    // undo stack, the selection's count and the plan follow.
-    void EditedElsewhere(size_t stepsBefore);
+    // Another part of the window (the deletions) has edited through the history, which put the
+    // step on the undo stack already: the selection's count and what depends on it follow.
+    void EditedElsewhere();
 
     // The window's handlers of the dialogs' events; true when the selection was edited.
     bool FormSelMove_Move(double dx, double dy, double dz);
@@ -96,9 +100,10 @@ private:
     void SelectionDropped(QPoint distance);
     void PaintDraggedSelection(QPainter& painter, QPoint offset) const;
     void PlanDrawn();
+    bool Confirmed(const CPlacementChange::Transform& transform);
     bool MoveAsked(double dx, double dy, double dz);
-    // An edit the history has just recorded becomes a step of the undo stack.
-    void Recorded(size_t stepsBefore);
+    // A step the history has just kept becomes a step of the undo stack; the plan follows.
+    void Recorded(const CEditStep& step);
     void AfterEdit();
     void SelectionChanged(bool redraw = true);
     void ShowSelectionCount();
@@ -118,6 +123,8 @@ private:
     std::map<std::string, QAction*> commands_;
     QPointer<FSelMove> formSelMove_;
     QPointer<FSelRotate> formSelRotate_;
+    // The selection as the last edit left it: kept whole, even where the plan hides members.
+    uint64_t editedGeneration_ = UINT64_MAX;
     bool rotCenterSet_ = false;
     double rotCenterX_ = 0;
     double rotCenterY_ = 0;

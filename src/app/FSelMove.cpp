@@ -169,7 +169,8 @@ void FSelMove::ResetTotals() {
 
 void FSelMove::ShowTotals() {
     for (int row = 0; row < kRows; ++row) {
-        double total = totals_[row];
+        // Whole centimetres, the precision of a step.
+        double total = std::round(totals_[row]) + 0.0;
         if (total == 0) {
             lblSumme_[row]->clear();
             continue;

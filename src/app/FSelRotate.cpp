@@ -1,7 +1,6 @@
 #include "app/FSelRotate.h"
 
 #include <QButtonGroup>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,6 +20,8 @@ namespace kavrin {
 
 namespace {
 constexpr int kArrowSize = 24;
+// The total's precision: millionths of a degree.
+constexpr double kTotalScale = 1e6;
 
 QLineEdit* NumberBox(QWidget* parent, const QString& name, CInputChecker& checker) {
     auto* box = new QLineEdit(parent);
@@ -158,7 +159,11 @@ void FSelRotate::cmdRotate_Click() {
         angle = -angle;
     if (std::string refused = CSelectionEdit::CheckRotate(angle, cx, cy); !refused.empty()) {
         ErrorBox(refused + FormatMessage("%mBitte korrigieren Sie Ihre Eingabe."));
-        txtDegrees_->setFocus();
+        QLineEdit* culprit = CSelectionEdit::CheckRotate(angle, 0, 0).empty()
+                                 ? txtCenter_[CSelectionEdit::CheckRotate(0, cx, 0).empty() ? 1 : 0]
+                                 : txtDegrees_;
+        culprit->setFocus();
+        culprit->selectAll();
         return;
     }
     if (!rotateHandler_ || !rotateHandler_(angle, cx, cy))
@@ -180,19 +185,28 @@ void FSelRotate::ResetTotal() {
     ShowTotal();
 }
 
+// Steps like 3 x 33,3 and -99,9 leave a residue of the binary arithmetic in the sum; what the
+// dialog shows and tests is the sum at the precision of the numbers typed.
+double FSelRotate::Total() const {
+    const double shown = std::round(total_ * kTotalScale) / kTotalScale;
+    return std::fabs(shown) == 360 ? 0.0 : shown + 0.0; // + 0.0: no "-0"
+}
+
 void FSelRotate::ShowTotal() {
-    if (total_ == 0) {
+    const double total = Total();
+    if (total == 0) {
         lblSumme_->clear();
         picRot_->clear();
         return;
     }
-    lblSumme_->setText(ToQt(FormatMessage("%1 Grad", std::fabs(total_))));
-    picRot_->setPixmap(RotationArrow(total_ < 0, kArrowSize));
+    lblSumme_->setText(ToQt(FormatMessage("%1 Grad", std::fabs(total))));
+    picRot_->setPixmap(RotationArrow(total < 0, kArrowSize));
 }
 
-void FSelRotate::closeEvent(QCloseEvent* event) {
+// Every way out (Fertig, the title bar's cross, Esc) ends here.
+void FSelRotate::done(int result) {
     emit Unloaded();
-    QDialog::closeEvent(event);
+    QDialog::done(result);
 }
 
 } // namespace kavrin

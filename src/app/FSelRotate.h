@@ -17,7 +17,7 @@ class CInputChecker;
 // clockwise) about an exact centre (txtCenter 0 and 1, metres), and shows the running total
 // modulo 360 (lblSumme, " Grad") with the arrow of its direction (picRot). Not modal. A centre
 // box changed to a valid number raises RotCenter (the plan's marker follows); the window fills
-// the boxes when the centre is set on the plan. Closing raises Unloaded.
+// the boxes when the centre is set on the plan. Closing it (also with Esc) raises Unloaded.
 class FSelRotate : public QDialog {
     Q_OBJECT
 public:
@@ -35,7 +35,8 @@ public:
     void SetSelectionPresent(bool present);
     // A new count: the total starts again at 0 (a new selection).
     void ResetTotal();
-    double Total() const { return total_; }
+    // The running total in degrees (-360 < total < 360) as the dialog shows it.
+    double Total() const;
 
     // cmdRotate: the input test, the step, the total.
     void cmdRotate_Click();
@@ -45,7 +46,7 @@ signals:
     void Unloaded();
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    void done(int result) override;
     void showEvent(QShowEvent* event) override;
 
 private:

@@ -294,7 +294,8 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
                                       option.system, list));
         }
     } else if (name == "--verschieben") {
-        if (CSelectionEdit::LeavesLayout(selection, anlage, n[0] * 100, n[1] * 100))
+        if (CSelectionEdit::GoesFurtherOut(selection, anlage,
+                                           CPlacementChange::Transform::Move(n[0] * 100, n[1] * 100, 0)))
             out_ << ConsoleText(FormatMessage("Hinweis: Teile der Auswahl befinden sich nach dem Verschieben "
                                               "außerhalb der Anlage."))
                  << '\n';
@@ -303,6 +304,11 @@ bool CEditCommand::RunOption(const Option& option, CAnlage& anlage, CSelection& 
                                           DecimalText(n[0], 2), DecimalText(n[1], 2), DecimalText(n[2], 2)))
              << '\n';
     } else if (name == "--drehen") {
+        if (CSelectionEdit::GoesFurtherOut(selection, anlage,
+                                           CPlacementChange::Transform::Rotate(n[0], n[1] * 100, n[2] * 100)))
+            out_ << ConsoleText(FormatMessage("Hinweis: Teile der Auswahl befinden sich nach dem Drehen "
+                                              "außerhalb der Anlage."))
+                 << '\n';
         edit.Rotate(n[0], n[1] * 100, n[2] * 100);
         out_ << ConsoleText(FormatMessage("Gedreht um %1 Grad um den Punkt (%2 m, %3 m).", ArgText(n[0]),
                                           DecimalText(n[1], 2), DecimalText(n[2], 2)))

@@ -80,9 +80,10 @@ CDeleteEdit::Result CDeleteEdit::DeleteSelection() {
             eraser.CleanUpKontaktZiele();
         },
         true);
-    // The nodes of the selection are held by the history now (or back in place after an error).
+    // The nodes deleted are held by the history now (or back in place after an error); what
+    // the simulator's lock kept stays selected, so the user sees what is left.
     if (!result.failed)
-        selection_.Clear();
+        selection_.RemoveDeleteables();
     return result;
 }
 

@@ -19,15 +19,18 @@ void CEditHistory::Reset() {
         saved_ = 0;
 }
 
-void CEditHistory::Record(std::unique_ptr<CEditStep> step) {
+bool CEditHistory::Record(std::unique_ptr<CEditStep> step) {
     if (!step || step->Empty())
-        return;
+        return false;
     steps_.resize(done_);
     if (saved_ && *saved_ > done_)
         saved_.reset(); // the saved state was among the steps dropped
     steps_.push_back(std::move(step));
     done_ = steps_.size();
     Follow();
+    if (listener_)
+        listener_(*steps_.back());
+    return true;
 }
 
 std::string CEditHistory::UndoName() const {

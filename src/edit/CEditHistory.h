@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,8 +25,13 @@ public:
 
     // Forgets every step; the layout as it stands now is the starting point.
     void Reset();
-    // An edit that has been done: the step to undo next. An empty step is not kept.
-    void Record(std::unique_ptr<CEditStep> step);
+    // An edit that has been done: the step to undo next. An empty step is not kept; true when
+    // the step was kept.
+    bool Record(std::unique_ptr<CEditStep> step);
+    // Told of every step Record keeps, right after it is kept (a window's undo stack follows the
+    // history so, whoever recorded the edit). One listener; an empty function removes it.
+    using RecordListener = std::function<void(const CEditStep& step)>;
+    void SetRecordListener(RecordListener listener) { listener_ = std::move(listener); }
     bool CanUndo() const { return done_ > 0; }
     bool CanRedo() const { return done_ < steps_.size(); }
     // The name of the step Undo (Redo) would take back (do again); empty when there is none.
@@ -34,6 +40,10 @@ public:
     // False when there was nothing to do or it failed (reported; the history is then dropped).
     bool Undo();
     bool Redo();
+    // A step in force: 0 the last one done, 1 the one before it; null beyond the first.
+    const CEditStep* StepInForce(size_t back) const {
+        return back < done_ ? steps_[done_ - 1 - back].get() : nullptr;
+    }
     // Steps in force, and steps kept in all.
     size_t Done() const { return done_; }
     size_t Count() const { return steps_.size(); }
@@ -52,6 +62,7 @@ private:
     size_t done_ = 0;
     // Steps in force when the layout was last saved; none when no state of the history is.
     std::optional<size_t> saved_;
+    RecordListener listener_;
 };
 
 } // namespace kavrin

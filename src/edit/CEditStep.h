@@ -21,6 +21,8 @@ public:
             changes_.push_back(std::move(change));
     }
     size_t Count() const { return changes_.size(); }
+    // The change of a step made of one change; null otherwise.
+    const CChange* OnlyChange() const { return changes_.size() == 1 ? changes_.front().get() : nullptr; }
     bool Empty() const { return changes_.empty(); }
 
     void Undo();

@@ -1,5 +1,7 @@
 #include "edit/CPlacementChange.h"
 
+#include <algorithm>
+
 #include "nodes/IPlaced.h"
 
 namespace kavrin {
@@ -14,8 +16,40 @@ std::unique_ptr<CPlacementChange> CPlacementChange::Apply(std::vector<IPlaced*> 
     return change;
 }
 
+std::unique_ptr<CPlacementChange> CPlacementChange::Return(std::vector<IPlaced*> objects,
+                                                           const Transform& transform,
+                                                           const CPlacementChange& start,
+                                                           const CPlacementChange* firstTurn) {
+    std::unique_ptr<CPlacementChange> change(new CPlacementChange(std::move(objects), transform));
+    change->target_.reserve(change->objects_.size());
+    for (size_t i = 0; i < change->objects_.size(); ++i) {
+        // Moves leave the axes alone: they are those from before the first turn, if any.
+        CPlacement placement = start.Before(i);
+        placement.turning = firstTurn != nullptr;
+        if (firstTurn && firstTurn != &start)
+            placement.axes = firstTurn->Before(i).axes;
+        change->target_.push_back(std::move(placement));
+    }
+    change->Redo();
+    return change;
+}
+
+CPlacement CPlacementChange::Before(size_t i) const {
+    const size_t stride = Turning() ? 4 : 1;
+    CPlacement placement;
+    placement.pos = before_[i * stride];
+    placement.turning = Turning();
+    if (Turning())
+        placement.axes = {before_[i * stride + 1], before_[i * stride + 2], before_[i * stride + 3]};
+    auto kept = std::lower_bound(kept_.begin(), kept_.end(), i,
+                                 [](const auto& entry, size_t index) { return entry.first < index; });
+    if (kept != kept_.end() && kept->first == i)
+        placement.kept = kept->second;
+    return placement;
+}
+
 void CPlacementChange::Redo() {
-    const bool turning = transform_.kind == Transform::Kind::Rotate;
+    const bool turning = Turning();
     before_.clear();
     before_.reserve(objects_.size() * (turning ? 4 : 1));
     kept_.clear();
@@ -31,6 +65,11 @@ void CPlacementChange::Redo() {
 }
 
 void CPlacementChange::ApplyTransform() const {
+    if (!target_.empty()) {
+        for (size_t i = 0; i < objects_.size(); ++i)
+            objects_[i]->SetPlacement(CPlacement(target_[i]));
+        return;
+    }
     if (transform_.kind == Transform::Kind::Move)
         for (IPlaced* object : objects_)
             object->MoveFrame(transform_.a, transform_.b, transform_.c);
@@ -40,7 +79,7 @@ void CPlacementChange::ApplyTransform() const {
 }
 
 void CPlacementChange::Undo() {
-    const bool turning = transform_.kind == Transform::Kind::Rotate;
+    const bool turning = Turning();
     const size_t stride = turning ? 4 : 1;
     size_t nextKept = 0;
     for (size_t i = 0; i < objects_.size(); ++i) {

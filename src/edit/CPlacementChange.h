@@ -25,6 +25,17 @@ public:
 
     // Takes the objects' placements, then moves or turns each of them once.
     static std::unique_ptr<CPlacementChange> Apply(std::vector<IPlaced*> objects, const Transform& transform);
+    // The same edit where it undoes, as a whole, the steps since `start` (four quarter turns,
+    // there and back again): the objects get back the very placements they had before `start`
+    // instead of the last bits of the arithmetic. `start` must be in force, on the same objects.
+    static std::unique_ptr<CPlacementChange> Return(std::vector<IPlaced*> objects, const Transform& transform,
+                                                    const CPlacementChange& start,
+                                                    const CPlacementChange* firstTurn);
+
+    const std::vector<IPlaced*>& Objects() const { return objects_; }
+    const Transform& GetTransform() const { return transform_; }
+    // Whether the change records the axes too (a turn, or a return to before one).
+    bool Turning() const { return transform_.kind == Transform::Kind::Rotate || !target_.empty(); }
 
     void Undo() override;
     void Redo() override;
@@ -33,6 +44,8 @@ public:
 private:
     CPlacementChange(std::vector<IPlaced*> objects, const Transform& transform);
     void ApplyTransform() const;
+    // The placement of object i before this change (kept text included), while it is in force.
+    CPlacement Before(size_t i) const;
 
     std::vector<IPlaced*> objects_;
     // The placements before, flat: one position per object for a move, position and three
@@ -40,6 +53,8 @@ private:
     std::vector<CVector> before_;
     std::vector<std::pair<size_t, CPlacement::KeptText>> kept_;
     Transform transform_;
+    // For a change made by Return: the placements it gives back (position and axes).
+    std::vector<CPlacement> target_;
 };
 
 } // namespace kavrin

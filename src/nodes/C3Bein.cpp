@@ -24,6 +24,8 @@ void C3Bein::Move(double dx, double dy, double dz) {
 }
 
 void C3Bein::Rotate(double angle, double cx, double cy) {
+    if (CVector::IsFullTurn(angle))
+        return;
     double c = 0, s = 0;
     CVector::TurnFactors(angle, c, s);
     Move(-cx, -cy, 0);

@@ -257,6 +257,8 @@ void CNodeGleis::MovePos(double dx, double dy, double dz) {
 }
 
 void CNodeGleis::Rotate(double angle, double cx, double cy) {
+    if (CVector::IsFullTurn(angle))
+        return;
     if (curve_) {
         curve_->Rotate(angle, cx, cy);
         UpdateKeptFrame();

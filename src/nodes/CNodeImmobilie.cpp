@@ -159,24 +159,34 @@ bool CNodeImmobilie::hasBewegtesGleis() const {
                        [](const CNodeKollektor* kollektor) { return !kollektor->Gleise().empty(); });
 }
 
+bool CNodeImmobilie::HasCompanions() const {
+    return kollektorId_ > 0 || bewegTeile_.Count() > 0;
+}
+
+// A road or rail object brings its own tracks (its collector); a building's moving parts carry
+// theirs. Both go where the object goes.
 void CNodeImmobilie::Companions(const CLayoutIndex& index, std::vector<CNodeKollektor*>& kollektors,
                                 std::vector<CNodeGleis*>& tracks) const {
-    for (const auto& part : bewegTeile_) {
-        const auto* bewegTeil = dynamic_cast<const CNodeBewegTeil*>(part.get());
-        CNodeKollektor* kollektor = bewegTeil ? index.Kollektor(bewegTeil->KollektorId()) : nullptr;
+    auto take = [&](int32_t kollektorId) {
+        CNodeKollektor* kollektor = index.Kollektor(kollektorId);
         if (!kollektor)
-            continue;
+            return;
         kollektors.push_back(kollektor);
         for (const CKollektorGleis& entry : kollektor->Gleise())
             if (CNodeGleis* track = index.Gleis(entry.GleissystemID, entry.GleisID))
                 tracks.push_back(track);
-    }
+    };
+    if (kollektorId_ > 0)
+        take(kollektorId_);
+    for (const auto& part : bewegTeile_)
+        if (const auto* bewegTeil = dynamic_cast<const CNodeBewegTeil*>(part.get()))
+            take(bewegTeil->KollektorId());
 }
 
 // Tracks that are selected themselves are left to the selection, so that nothing moves twice.
 template <typename Transform> void CNodeImmobilie::MoveWithCompanions(Transform transform) {
     transform(static_cast<IPlaced&>(*this));
-    if (bewegTeile_.Count() == 0 || !Anlage())
+    if (!HasCompanions() || !Anlage())
         return;
     std::vector<CNodeKollektor*> kollektors;
     std::vector<CNodeGleis*> tracks;

@@ -23,7 +23,8 @@ class CNodeKollektor;
 
 // "Immobile" (spelled so in the file): one building or scenery object of a collection, with its
 // model file, its placement frame, the collector of its own tracks and its moving parts.
-// Moving or turning it takes the collectors of its moving parts along, with their tracks.
+// Moving or turning it takes its own collector and those of its moving parts along, with their
+// tracks.
 class CNodeImmobilie final : public CPaintState, public CNodeBase, public ICopy, public IPlaced {
 public:
     const char* ClassName() const override { return "CNodeImmobilie"; }
@@ -62,8 +63,8 @@ public:
     // WithNames.
     bool Paint(CPaintTarget& target) override;
     bool inRect(const CRect& world) const override;
-    // The frame, then the collectors of the moving parts and the tracks they list, except
-    // tracks that are selected (the selection moves those itself).
+    // The frame, then its own collector and those of the moving parts and the tracks they
+    // list, except tracks that are selected (the selection moves those itself).
     void Move(double dx, double dy, double dz) override;
     void Rotate(double angle, double cx, double cy) override;
     Kind PaintKind() const override { return Kind::Immobilie; }
@@ -93,8 +94,10 @@ public:
     void AddBewegKollektors(std::vector<CNodeKollektor*>& list) const;
     // Whether a moving part carries tracks (its collector lists at least one).
     bool hasBewegtesGleis() const;
-    // What moves along with the object: the collectors of its moving parts and the tracks they
-    // list (selected or not), appended to the lists (one that two parts share, twice).
+    // What moves along with the object: its own collector and those of its moving parts, and
+    // the tracks they list (selected or not), appended to the lists (one that two parts share,
+    // twice).
+    bool HasCompanions() const;
     void Companions(const CLayoutIndex& index, std::vector<CNodeKollektor*>& kollektors,
                     std::vector<CNodeGleis*>& tracks) const;
 

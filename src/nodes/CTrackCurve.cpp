@@ -248,6 +248,8 @@ void CTrackCurve::Move(double dx, double dy, double dz) {
 }
 
 void CTrackCurve::Rotate(double angle, double cx, double cy) {
+    if (CVector::IsFullTurn(angle))
+        return;
     double c = 0, s = 0;
     CVector::TurnFactors(angle, c, s);
     frame_.position.Move(-cx / 100, -cy / 100, 0);

@@ -179,4 +179,13 @@ std::vector<CVector> CTrackGeometry::Polyline(double step) const {
     return points;
 }
 
+// A chord of length L on a bend of curvature k stands off the curve by about k L^2 / 8.
+std::vector<CVector> CTrackGeometry::Outline() const {
+    constexpr double kTolerance = 1; // cm
+    constexpr double kUnknownStep = 100;
+    const double k = Curvature();
+    const double step = k > 0 ? std::sqrt(8 * kTolerance / k) : kUnknownStep;
+    return Polyline(std::max(step, 10.0));
+}
+
 } // namespace kavrin

@@ -24,6 +24,9 @@ public:
     CVector Endpunkt(int16_t end) const { return end == 1 ? Start() : End(); }
     // Points along the centre line no further apart than step (cm), start and end included.
     std::vector<CVector> Polyline(double step) const;
+    // Points enough to draw the piece's extent: a curve lies within a centimetre of the lines
+    // between them (a bulge beyond the ends included); a straight piece gives its two ends.
+    std::vector<CVector> Outline() const;
     // The largest bend along the piece in 1/cm, so that a drawing can choose its sampling;
     // negative when the curve kind does not tell.
     double Curvature() const;

@@ -14,6 +14,9 @@ public:
     // The same with the cosine and sine of the angle worked out once (TurnFactors), for turning
     // several vectors by one angle.
     static void TurnFactors(double angle, double& cosine, double& sine);
+    // A turn by a multiple of 360 degrees: it changes nothing, and is not worked out (moving to
+    // the centre and back could change the last bit).
+    static bool IsFullTurn(double angle);
     void Rotate(double cosine, double sine);
     void Copy(const CVector& source);
 

@@ -158,8 +158,9 @@ void CSelection::Reserve(size_t count) {
     positions_.reserve(count);
 }
 
-// Companions are few (the collectors of moving parts and their tracks), so only they are
-// checked against each other; a companion track that is a member is the member's business.
+// Companions are few (the collectors of buildings and of their moving parts, and their tracks),
+// so only they are checked against each other; a companion track that is a member is the
+// member's business.
 std::vector<IPlaced*> CSelection::PlacedObjects() const {
     std::vector<IPlaced*> placed;
     placed.reserve(static_cast<size_t>(count_));
@@ -172,7 +173,7 @@ std::vector<IPlaced*> CSelection::PlacedObjects() const {
         if (member.PaintKind() != IPaint::Kind::Immobilie)
             continue;
         const auto& building = static_cast<const CNodeImmobilie&>(member);
-        if (building.BewegTeile().Count() == 0 || !building.Anlage())
+        if (!building.HasCompanions() || !building.Anlage())
             continue;
         if (!index)
             index = std::make_unique<CLayoutIndex>(*building.Anlage());
@@ -242,12 +243,19 @@ int32_t CSelection::RemoveIf(const std::function<bool(const IPaint&)>& drop) {
 }
 
 // The deletable members are noted first and then taken out from the last to the first.
-void CSelection::RemoveDeleteables() {
-    Guarded("RemoveDeleteables", [this] {
+std::vector<CSelection::DroppedTrack> CSelection::RemoveDeleteables() {
+    std::vector<DroppedTrack> dropped;
+    Guarded("RemoveDeleteables", [&] {
         std::vector<size_t> deleteable;
-        for (size_t i = 0; i < members_.size(); ++i)
-            if (members_[i] && members_[i]->isDeleteable())
-                deleteable.push_back(i);
+        for (size_t i = 0; i < members_.size(); ++i) {
+            if (!members_[i] || !members_[i]->isDeleteable())
+                continue;
+            deleteable.push_back(i);
+            if (members_[i]->PaintKind() == IPaint::Kind::Gleis) {
+                const auto& track = static_cast<const CNodeGleis&>(*members_[i]);
+                dropped.push_back({track.GleisSysID(), track.ID()});
+            }
+        }
         for (size_t i = deleteable.size(); i-- > 0;) {
             IPaint* member = members_[deleteable[i]];
             Change(CountsOf(*member), -1);
@@ -257,6 +265,7 @@ void CSelection::RemoveDeleteables() {
         }
         CompactIfSparse();
     });
+    return dropped;
 }
 
 void CSelection::DecrObjektCount() {
@@ -271,12 +280,10 @@ CBox CSelection::BoundingBox() const {
         };
         for (IPaint& member : NewEnum()) {
             switch (member.PaintKind()) {
-            case IPaint::Kind::Gleis: {
-                CTrackGeometry geometry(static_cast<CNodeGleis&>(member));
-                add(geometry.Start());
-                add(geometry.End());
+            case IPaint::Kind::Gleis:
+                for (const CVector& point : CTrackGeometry(static_cast<CNodeGleis&>(member)).Outline())
+                    add(point);
                 break;
-            }
             case IPaint::Kind::Immobilie:
                 add(static_cast<CNodeImmobilie&>(member).DreiBein().Pos());
                 break;
@@ -289,6 +296,23 @@ CBox CSelection::BoundingBox() const {
         }
     });
     return box;
+}
+
+std::vector<CVector> CSelection::ExtentPoints() const {
+    std::vector<CVector> points;
+    Guarded("ExtentPoints", [&] {
+        for (IPlaced* placed : PlacedObjects()) {
+            if (auto* track = dynamic_cast<CNodeGleis*>(placed)) {
+                std::vector<CVector> outline = CTrackGeometry(*track).Outline();
+                points.insert(points.end(), outline.begin(), outline.end());
+            } else if (auto* building = dynamic_cast<CNodeImmobilie*>(placed)) {
+                points.push_back(building->DreiBein().Pos());
+            } else if (auto* good = dynamic_cast<CNodeGood*>(placed)) {
+                points.push_back(good->DreiBein().Pos());
+            }
+        }
+    });
+    return points;
 }
 
 std::string CSelection::CountsText() const {

@@ -69,8 +69,8 @@ public:
     void Add(IPaint& item);
     void Remove(IPaint& item);
     void SetSelection(IPaint& item, bool state);
-    // Every member and what moves along with it (the collectors of a building's moving parts and
-    // their tracks), each once.
+    // Every member and what moves along with it (a building's own collector and those of its
+    // moving parts, with their tracks), each once.
     void Move(double dx, double dy, double dz);
     void Rotate(double angle, double cx, double cy);
     int32_t Count() const { return count_; }
@@ -83,11 +83,22 @@ public:
     int32_t CountGoods() const { return goods_; }
     int32_t CountGleisObjekte() const { return gleisObjekte_; }
     Enumerator NewEnum() const { return Enumerator(members_); }
-    // Takes the members that may be deleted out of the selection.
-    void RemoveDeleteables();
+    // A track taken out by RemoveDeleteables, named by track system and track id.
+    struct DroppedTrack {
+        int16_t system = 0;
+        int32_t id = 0;
+    };
+    // Takes the members that may be deleted out of the selection (after a deletion: what stays
+    // selected is what the simulator's lock kept); the ids of the tracks taken out go back to
+    // the caller, in the order of selection.
+    std::vector<DroppedTrack> RemoveDeleteables();
     void DecrObjektCount();
-    // Tracks by their two ends, buildings and goods by their position; empty for no member.
+    // Tracks by their course (a curve's bulge included), buildings and goods by their
+    // position; empty for no member.
     CBox BoundingBox() const;
+    // The drawn extent of everything a move or turn changes (the members and what moves along
+    // with them), as points: tracks by their course, buildings and goods by their position.
+    std::vector<CVector> ExtentPoints() const;
     // "3 Gleise, 12 Immobilien, 0 Güter" (one of a kind in the singular).
     std::string CountsText() const;
     // Draws the members, each in the colour of its kind.

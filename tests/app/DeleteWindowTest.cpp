@@ -147,13 +147,15 @@ void DeleteWindowTest::selDeleteShowsWhatGoesAndDeletesOnlyWhenConfirmed() {
     test::WithModal<FSelDelete>(
         [&] { selDelete->trigger(); },
         [](FSelDelete* dialog) { dialog->findChild<QPushButton*>("cmdOk")->click(); });
-    QVERIFY(window->Selection().Empty());
-    QVERIFY(!selDelete->isEnabled());
+    // The locked building stays, and stays selected: the user sees what is left.
+    QCOMPARE(window->Selection().Count(), 1);
+    QCOMPARE(window->Selection().CountImmos(), 1);
     QCOMPARE(TrackSystems(window->Anlage()).front()->Gleise().Count(), 0);
     QCOMPARE(CountOf(window, "Zugverband"), size_t(0));
-    QCOMPARE(CountOf(window, "Immobile"), size_t(1)); // the locked one
+    QCOMPARE(CountOf(window, "Immobile"), size_t(1));
     QCOMPARE(CountOf(window, "Good"), size_t(0));
-    QCOMPARE(window->findChild<QLabel*>("lblSelection")->text(), QString("Nichts ausgewählt"));
+    QCOMPARE(window->findChild<QLabel*>("lblSelection")->text(),
+             QString("0 Gleise, 1 Immobilie, 0 Güter ausgewählt"));
     QVERIFY(window->Anlage().Changed());
     QCOMPARE(window->Editor().UndoStack()->undoText(), QString("Löschen"));
     window->Editor().UndoStack()->undo();
@@ -170,7 +172,7 @@ void DeleteWindowTest::singleObjectWithoutTrains() {
     FAnlage* window = Open();
     QVERIFY(window);
     window->Selection().Add(*FindGleis(window->Anlage(), 2, 2));
-    window->Editor().EditedElsewhere(window->History().Count());
+    window->Editor().EditedElsewhere();
     const bool seen = test::WithModal<FSelDelete>(
         [&] { Command(window, "mnuSelDelete")->trigger(); },
         [](FSelDelete* dialog) {

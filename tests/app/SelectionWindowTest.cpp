@@ -91,6 +91,9 @@ private slots:
     void draggingTheSelectionMovesItAsOneEdit();
     void commandsSelectWhatThePlanShowsAndAreGreyedWithoutSelection();
     void undoAndRedoFollowTheSavedPoint();
+    void undoStackStaysInStepWithTheHistory();
+    void rotateDialogByKeys();
+    void movedOutOfTheHeightBandStaysSelected();
     void moveDialogTotalsAndInputTest();
     void rotateDialogTotalsCentreAndInputTest();
     void selectionByIdNamesWhatItCouldNotTake();
@@ -211,6 +214,146 @@ void SelectionWindowTest::draggingTheSelectionMovesItAsOneEdit() {
     QCOMPARE(window->History().Count(), size_t(2));
     QVERIFY(frame.Pos().X < -25000);
     QCOMPARE(window->Selection().Count(), 2);
+    // Partly outside now: a step back is not asked about, a step further out is, and so is a
+    // turn that swings the selection out on the other side.
+    port->questions.clear();
+    QVERIFY(window->Editor().FormSelMove_Move(100, 0, 0));
+    QCOMPARE(port->questions.size(), size_t(0));
+    port->answer = false;
+    QVERIFY(!window->Editor().FormSelMove_Move(-100, 0, 0));
+    QVERIFY(!window->Editor().FormSelRotate_Rotate(180, 0, 0));
+    QCOMPARE(port->questions.size(), size_t(2));
+    QVERIFY(QString::fromStdString(port->questions[1]).contains("nach dem Drehen außerhalb"));
+    QCOMPARE(window->History().Count(), size_t(3));
+}
+
+// Every step the history records reaches the undo stack, also after an undo: edit, edit, undo,
+// new edit, undo, undo, redo, redo, each step made in the move dialog with the keyboard.
+void SelectionWindowTest::undoStackStaysInStepWithTheHistory() {
+    FAnlage* window = Open();
+    QVERIFY(window);
+    Click(window, 10000, 10000);
+    window->Editor().ShowMoveDialog();
+    FSelMove* dialog = window->Editor().FormSelMove();
+    auto* east = dialog->findChild<QLineEdit*>("txtMeter0");
+    const C3Bein& frame = static_cast<CNodeImmobilie&>(*window->Selection().NewEnum().begin()).DreiBein();
+    QUndoStack* stack = window->Editor().UndoStack();
+    auto step = [&](const char* metres) {
+        east->setFocus();
+        east->selectAll();
+        QTest::keyClicks(east, metres);
+        QTest::keyClick(east, Qt::Key_Return); // the default button
+    };
+    auto expect = [&](double x, size_t steps, size_t done) {
+        QCOMPARE(frame.Pos().X, x);
+        QCOMPARE(window->History().Count(), steps);
+        QCOMPARE(window->History().Done(), done);
+        QCOMPARE(size_t(stack->count()), steps);
+        QCOMPARE(size_t(stack->index()), done);
+        QCOMPARE(Command(window, "mnuEditUndo")->isEnabled(), done > 0);
+        QCOMPARE(Command(window, "mnuEditRedo")->isEnabled(), done < steps);
+    };
+    step("10");
+    step("5");
+    expect(11500, 2, 2);
+    Command(window, "mnuEditUndo")->trigger();
+    expect(11000, 2, 1);
+    step("2"); // the step undone is dropped
+    expect(11200, 2, 2);
+    QCOMPARE(Command(window, "mnuEditUndo")->text(), QString("&Rückgängig \"Verschieben\""));
+    Command(window, "mnuEditUndo")->trigger();
+    expect(11000, 2, 1);
+    Command(window, "mnuEditUndo")->trigger();
+    expect(10000, 2, 0);
+    QVERIFY(!window->Anlage().Changed());
+    Command(window, "mnuEditRedo")->trigger();
+    Command(window, "mnuEditRedo")->trigger();
+    expect(11200, 2, 2);
+    QVERIFY(window->Anlage().Changed());
+}
+
+// The rotate dialog by keys: turns that add up to none leave no residue in the total or the
+// file, a centre out of range takes the focus, and Esc hides the centre's marker like Fertig.
+void SelectionWindowTest::rotateDialogByKeys() {
+    FAnlage* window = Open();
+    QVERIFY(window);
+    Click(window, 10000, 10000);
+    window->Editor().ShowRotateDialog();
+    FSelRotate* dialog = window->Editor().FormSelRotate();
+    auto* degrees = dialog->findChild<QLineEdit*>("txtDegrees");
+    auto* centreX = dialog->findChild<QLineEdit*>("txtCenter0");
+    auto* centreY = dialog->findChild<QLineEdit*>("txtCenter1");
+    auto* sum = dialog->findChild<QLabel*>("lblSumme");
+    auto type = [](QLineEdit* box, const char* text) {
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    };
+    auto turn = [&](const char* angle) {
+        type(degrees, angle);
+        QTest::keyClick(degrees, Qt::Key_Return);
+    };
+    type(centreX, "50");
+    for (int i = 0; i < 3; ++i)
+        turn("33,3");
+    QCOMPARE(sum->text(), QString("99,9 Grad"));
+    dialog->findChild<QRadioButton*>("rbRight")->click();
+    turn("99,9");
+    QCOMPARE(sum->text(), QString(""));
+    QVERIFY(dialog->findChild<QLabel*>("picRot")->pixmap().isNull());
+    QCOMPARE(dialog->Total(), 0.0);
+    const C3Bein& frame = static_cast<CNodeImmobilie&>(*window->Selection().NewEnum().begin()).DreiBein();
+    QCOMPARE(frame.Pos().X, 10000.0); // exactly where it stood
+    QCOMPARE(frame.Dir().Y, 0.0);
+    QCOMPARE(window->History().Count(), size_t(4));
+
+    // A centre beyond 100 km: the message, and the focus on that box.
+    for (QLineEdit* box : {centreX, centreY}) {
+        type(box, "-200000");
+        QTest::keyClick(box, Qt::Key_Return);
+        QVERIFY(QString::fromStdString(port->errors.back()).contains("Drehpunkt"));
+        QCOMPARE(dialog->focusWidget(), box);
+        type(box, "0");
+    }
+    QCOMPARE(window->History().Count(), size_t(4));
+
+    // Esc closes the dialog and hides the marker; opened again it starts from the selection.
+    type(centreX, "-12,5");
+    QCOMPARE(window->Plan()->Painter().RotCenterX, -1250.0);
+    QTest::keyClick(centreX, Qt::Key_Escape);
+    QVERIFY(!dialog->isVisible());
+    QVERIFY(!window->Editor().RotCenterShown());
+    window->Editor().ShowRotateDialog();
+    QCOMPARE(centreX->text(), QString("100,00"));
+    QCOMPARE(window->Plan()->Painter().RotCenterX, 10000.0);
+}
+
+// Moved up out of the height band with the move dialog, the building stays selected (the
+// status strip says it is hidden) and the totals stay, until the user selects anew.
+void SelectionWindowTest::movedOutOfTheHeightBandStaysSelected() {
+    FAnlage* window = Open();
+    QVERIFY(window);
+    window->Anlage().HoehenFilter().SetTop(100);
+    window->Anlage().HoehenFilter().SetTopActive(true);
+    window->RepaintPlan();
+    Settle(window);
+    Click(window, 10000, 10000);
+    QCOMPARE(window->Selection().Count(), 1);
+    window->Editor().ShowMoveDialog();
+    FSelMove* dialog = window->Editor().FormSelMove();
+    auto* up = dialog->findChild<QLineEdit*>("txtMeter2");
+    up->setFocus();
+    up->selectAll();
+    QTest::keyClicks(up, "2");
+    QTest::keyClick(up, Qt::Key_Return);
+    Settle(window);
+    QCOMPARE(window->Selection().Count(), 1);
+    QCOMPARE(Status(window), QString("0 Gleise, 1 Immobilie, 0 Güter ausgewählt (1 davon ausgeblendet)"));
+    QCOMPARE(dialog->findChild<QLabel*>("lblSumme2")->text(), QString("2,00 m ^"));
+    Click(window, -7500, 0);
+    QCOMPARE(window->Selection().Count(), 1);
+    QCOMPARE(Status(window), QString("1 Gleis, 0 Immobilien, 0 Güter ausgewählt"));
+    window->Anlage().HoehenFilter().SetTopActive(false);
 }
 
 void SelectionWindowTest::commandsSelectWhatThePlanShowsAndAreGreyedWithoutSelection() {

@@ -125,12 +125,22 @@ TEST_F(EditCommand, UndoTakesBackTheActionsSinceTheLastUndo) {
     EXPECT_EQ(Written(), moved);
 }
 
-TEST_F(EditCommand, MoveOutOfTheLayoutIsDoneWithAHint) {
-    ASSERT_EQ(Edit({"--alles", "--verschieben", "5000;0;0"}, "Lua-Testbeispiel.anl3"), CCommandLine::kOk);
-    EXPECT_NE(
-        out.str().find("Hinweis: Teile der Auswahl befinden sich nach dem Verschieben außerhalb der Anlage."),
-        std::string::npos)
-        << out.str();
+// Out of the layout is done with a hint, for a move or a turn that takes something further
+// out; a step back in is not.
+TEST_F(EditCommand, MoveOrTurnOutOfTheLayoutIsDoneWithAHint) {
+    ASSERT_EQ(
+        Edit({"--alles", "--verschieben", "5000;0;0", "--verschieben", "-10;0;0", "--drehen", "90;100000;0"},
+             "Lua-Testbeispiel.anl3"),
+        CCommandLine::kOk);
+    const std::string text = out.str();
+    const std::string moved =
+        "Hinweis: Teile der Auswahl befinden sich nach dem Verschieben außerhalb der Anlage.";
+    const size_t first = text.find(moved);
+    EXPECT_NE(first, std::string::npos) << text;
+    EXPECT_EQ(text.find(moved, first + 1), std::string::npos) << text;
+    EXPECT_NE(text.find("Hinweis: Teile der Auswahl befinden sich nach dem Drehen außerhalb der Anlage."),
+              std::string::npos)
+        << text;
     EXPECT_TRUE(Exists());
 }
 

@@ -165,6 +165,12 @@ TEST_F(Eraser, BuildingsOnlyTakeTheirContactsAndLockedOnesStay) {
     EXPECT_EQ(std::count(contacts.begin(), contacts.end(), "1/1:768:3"), 0);
     EXPECT_EQ(std::count(contacts.begin(), contacts.end(), "1/1:1024:4"), 1);
     EXPECT_NO_THROW(Building(4));
+    // The locked one stays selected; asked again, no member may go, and nothing changes.
+    ASSERT_EQ(selection.Count(), 1);
+    EXPECT_TRUE(Building(4).Selected());
+    EXPECT_TRUE(selection.RemoveDeleteables().empty());
+    EXPECT_EQ(selection.Count(), 1);
+    EXPECT_EQ(selection.CountImmos(), 1);
     ExpectCleanAndUndoable();
 }
 

@@ -2,11 +2,13 @@
 
 #include <cmath>
 #include <filesystem>
+#include <regex>
 #include <set>
 
 #include "../plan/RecordingCanvas.h"
 #include "EditLayouts.h"
 #include "edit/CEditHistory.h"
+#include "edit/CPlacementChange.h"
 #include "edit/CSelectionEdit.h"
 #include "nodes/CNodeGleis.h"
 #include "nodes/CNodeGleisSys.h"
@@ -138,48 +140,61 @@ TEST_F(MoveRotate, ConnectedEndsStayTogetherOnBothTrackFormats) {
     EXPECT_EQ(newerSamples, 1);
 }
 
-// A building's moving part names a collector: its frame and its tracks move and turn with the
-// building, a selected track of it only once, the collector of the building itself not at all.
-TEST_F(MoveRotate, CollectorsOfMovingPartsGoAlongWithTheirBuilding) {
+// A building's own collector (a road object's road) and the collectors of its moving parts
+// move and turn with it, with their tracks; a track that is selected itself, or that two
+// selected buildings share, moves once.
+TEST_F(MoveRotate, CollectorsGoAlongWithTheirBuilding) {
     ASSERT_TRUE(LoadInner(
         "<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\">" + test::ClassicTrack(1, 0, 0, 1000) +
-        test::ClassicTrack(2, 1000, 0, 1000) + test::ClassicTrack(3, 0, 500, 1000) + "</Gleissystem>" +
-        "<Kollektor id=\"7\">" + test::FrameText("1000", "0") +
+        test::ClassicTrack(2, 1000, 0, 1000) + test::ClassicTrack(3, 0, 500, 1000) +
+        test::ClassicTrack(4, 5000, 0, 1000) + "</Gleissystem>" + "<Kollektor id=\"7\">" +
+        test::FrameText("1000", "0") +
         "<Gleis gleisID=\"2\" gleissystemID=\"2\"/><Gleis gleisID=\"3\" gleissystemID=\"2\"/></Kollektor>" +
         "<Kollektor id=\"8\">" + test::FrameText("0", "0") +
         "<Gleis gleisID=\"1\" gleissystemID=\"2\"/></Kollektor>" +
         "<Gebaeudesammlung GebaudesammlungID=\"4\">" +
         test::Building("Drehscheibe", 1000, 0,
                        "<BeweglichesTeil kollektorID=\"7\"/><BeweglichesTeil kollektorID=\"99\"/>") +
-        test::Building("Schuppen", 0, 0) + "</Gebaeudesammlung>"));
+        test::Building("Schuppen", 0, 0, "<BeweglichesTeil kollektorID=\"7\"/>") +
+        test::Building("Bahnhof", 5000, 0) + "</Gebaeudesammlung>"));
     auto& turntable = *Nodes<CNodeImmobilie>()[0];
+    auto& shed = *Nodes<CNodeImmobilie>()[1];
     turntable.SetKollektorId(8);
     std::vector<CNodeKollektor*> kollektors = Nodes<CNodeKollektor>();
     ASSERT_EQ(kollektors.size(), 2u);
     EXPECT_EQ(turntable.FirstKollektor(), kollektors[1]);
     EXPECT_EQ(turntable.GetAllKollektors(), (std::vector<CNodeKollektor*>{kollektors[1], kollektors[0]}));
     EXPECT_TRUE(turntable.hasBewegtesGleis());
-    EXPECT_FALSE(Nodes<CNodeImmobilie>()[1]->hasBewegtesGleis());
+    EXPECT_FALSE(Nodes<CNodeImmobilie>()[2]->hasBewegtesGleis());
 
+    // Both buildings name collector 7: it and its tracks move once.
     selection.Add(turntable);
+    selection.Add(shed);
     selection.Add(Track(2, 3));
     CEditHistory history(anlage);
     CSelectionEdit edit(selection, history);
     ASSERT_TRUE(edit.Move(10, 20, 0));
     ExpectNear(kollektors[0]->DreiBein().Pos(), 1010, 20, 0);
     ExpectNear(Track(2, 2).DreiBein().Pos(), 1010, 20, 0);
-    ExpectNear(Track(2, 3).DreiBein().Pos(), 10, 520, 0); // selected and listed: moved once
-    ExpectNear(Track(2, 1).DreiBein().Pos(), 0, 0, 0);
-    ExpectNear(kollektors[1]->DreiBein().Pos(), 0, 0, 0);
+    ExpectNear(Track(2, 3).DreiBein().Pos(), 10, 520, 0);   // selected and listed: moved once
+    ExpectNear(kollektors[1]->DreiBein().Pos(), 10, 20, 0); // the turntable's own collector
+    ExpectNear(Track(2, 1).DreiBein().Pos(), 10, 20, 0);
+    ExpectNear(Track(2, 4).DreiBein().Pos(), 5000, 0, 0);
 
+    // A half turn about a point that is no object's start: every frame turns about it.
     ASSERT_TRUE(edit.Rotate(180, 1010, 20));
-    ExpectNear(kollektors[0]->DreiBein().Pos(), 1010, 20, 0, 1e-9);
-    ExpectNear(kollektors[0]->DreiBein().Dir(), -1, 0, 0, 1e-9);
-    ExpectNear(Track(2, 2).DreiBein().Dir(), -1, 0, 0, 1e-9);
-    ExpectNear(Track(2, 3).DreiBein().Pos(), 2010, -480, 0, 1e-6);
+    ExpectNear(kollektors[0]->DreiBein().Pos(), 1010, 20, 0, 0);
+    ExpectNear(kollektors[0]->DreiBein().Dir(), -1, 0, 0, 0);
+    ExpectNear(Track(2, 2).DreiBein().Dir(), -1, 0, 0, 0);
+    ExpectNear(Track(2, 3).DreiBein().Pos(), 2010, -480, 0, 0);
+    ExpectNear(Track(2, 1).DreiBein().Pos(), 2010, 20, 0, 0);
+    ExpectNear(kollektors[1]->DreiBein().Pos(), 2010, 20, 0, 0);
+    ExpectNear(shed.DreiBein().Pos(), 2010, 20, 0, 0);
     ASSERT_TRUE(history.Undo());
     ASSERT_TRUE(history.Undo());
     ExpectNear(kollektors[0]->DreiBein().Pos(), 1000, 0, 0, 0);
+    ExpectNear(kollektors[1]->DreiBein().Pos(), 0, 0, 0, 0);
+    ExpectNear(Track(2, 1).DreiBein().Pos(), 0, 0, 0, 0);
     ExpectNear(Track(2, 2).DreiBein().Dir(), 1, 0, 0, 0);
     ExpectNear(Track(2, 3).DreiBein().Pos(), 0, 500, 0, 0);
 
@@ -187,9 +202,116 @@ TEST_F(MoveRotate, CollectorsOfMovingPartsGoAlongWithTheirBuilding) {
     selection.Clear();
     turntable.Move(0, 5, 0);
     ExpectNear(Track(2, 3).DreiBein().Pos(), 0, 505, 0);
+    ExpectNear(Track(2, 1).DreiBein().Pos(), 0, 5, 0);
     ExpectNear(kollektors[0]->DreiBein().Pos(), 1000, 5, 0);
     turntable.ClearKollektors();
     EXPECT_EQ(turntable.GetAllKollektors().size(), 2u);
+}
+
+// Quarter turns use exact factors, and steps that come back to where they started give back
+// the placements from before them: four quarter turns, or one full turn (which is no edit at
+// all), save the very bytes of no turn, for every sample turned about the middle of its content.
+TEST_F(MoveRotate, QuarterTurnsAndFullTurnsGiveBackTheBytes) {
+    for (const auto& entry : std::filesystem::directory_iterator(test::SamplesDir())) {
+        if (entry.path().extension() != ".anl3")
+            continue;
+        SCOPED_TRACE(entry.path().filename().string());
+        ASSERT_TRUE(anlage.Load(entry.path().string()));
+        const std::string untouched = Save();
+        SelectAll();
+        CBox box = selection.BoundingBox();
+        const double cx = std::round((box.West + box.East) / 2), cy = std::round((box.South + box.North) / 2);
+        CEditHistory history(anlage);
+        CSelectionEdit edit(selection, history);
+        for (double quarter : {90.0, -90.0, 450.0}) {
+            for (int i = 0; i < 4; ++i)
+                ASSERT_TRUE(edit.Rotate(quarter, cx, cy));
+            EXPECT_EQ(Save(), untouched) << quarter;
+        }
+        // The last of them undone and done again; any steps that come back: three turns of
+        // 33,3 left and one of 99,9 right, a move there and back.
+        ASSERT_TRUE(history.Undo());
+        EXPECT_NE(Save(), untouched);
+        ASSERT_TRUE(history.Redo());
+        EXPECT_EQ(Save(), untouched);
+        for (int i = 0; i < 3; ++i)
+            ASSERT_TRUE(edit.Rotate(33.3, cx + 1234, cy));
+        ASSERT_TRUE(edit.Rotate(-99.9, cx + 1234, cy));
+        EXPECT_EQ(Save(), untouched);
+        ASSERT_TRUE(edit.Move(1234.5, -77, 3));
+        ASSERT_TRUE(edit.Move(-1234.5, 77, -3));
+        EXPECT_EQ(Save(), untouched);
+        // Residues of a turn are numbers like 6.46E-15.
+        auto residues = [](const std::string& text) {
+            const std::regex tiny("E-1[0-9]\"");
+            return std::distance(std::sregex_iterator(text.begin(), text.end(), tiny),
+                                 std::sregex_iterator());
+        };
+        ASSERT_TRUE(edit.Rotate(180, cx, cy));
+        EXPECT_EQ(residues(Save()), residues(untouched));
+        ASSERT_TRUE(edit.Rotate(-180, cx, cy));
+        for (double full : {360.0, -720.0})
+            EXPECT_FALSE(edit.Rotate(full, cx, cy));
+        EXPECT_EQ(history.Count(), 20u);
+        EXPECT_EQ(Save(), untouched);
+        selection.Clear();
+    }
+}
+
+// The question before a step: only when something would lie further outside the layout than
+// it does now, measured on what is drawn (a curve's bulge, not only its ends).
+TEST_F(MoveRotate, OnlyAStepFurtherOutOfTheLayoutCounts) {
+    // A half circle (radius 3 m) starting north 2 m below the layout's northern edge: its ends
+    // lie inside, its top 1 m outside.
+    const std::string northward =
+        "<Dreibein><Vektor x=\"5000\" y=\"9800\" z=\"0\">Pos</Vektor><Vektor x=\"0\" y=\"1\" "
+        "z=\"0\">Dir</Vektor><Vektor x=\"-1\" y=\"0\" z=\"0\">Nor</Vektor><Vektor x=\"0\" y=\"0\" "
+        "z=\"1\">Bin</Vektor></Dreibein>";
+    ASSERT_TRUE(LoadInner("<Gleissystem GleissystemID=\"2\" TrackSystemNumber=\"1\"><Gleis GleisID=\"1\">" +
+                          northward +
+                          "<Charakteristik Kruemmung=\"-0.0033333333333333\" Torsion=\"0\" "
+                          "Fuehrungsverdrehung=\"0\" Laenge=\"942.477796\"/></Gleis></Gleissystem>"
+                          "<Schandlaft extX=\"100\" extY=\"100\" posX=\"0\" posY=\"0\" dichte=\"0.01\"/>"));
+    SelectAll();
+    ASSERT_EQ(selection.Count(), 1);
+    CTrackGeometry geometry(Track(2, 1));
+    ASSERT_LT(std::max(geometry.Start().Y, geometry.End().Y), 10000);
+    EXPECT_NEAR(selection.BoundingBox().North, 10100, 1.5);
+    using T = CPlacementChange::Transform;
+    struct Case {
+        const char* what;
+        T step;
+        bool asks;
+    };
+    const Case cases[] = {
+        {"further north: the bulge goes further out", T::Move(0, 50, 0), true},
+        {"back south", T::Move(0, -50, 0), false},
+        {"along the edge", T::Move(2000, 0, 0), false},
+        {"a half turn about its middle puts the bulge inside", T::Rotate(180, 5300, 9800), false},
+        {"a quarter turn about a far point", T::Rotate(90, 5000, 0), true},
+        {"out over the western edge", T::Move(-5500, -5000, 0), true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(CSelectionEdit::GoesFurtherOut(selection, anlage, c.step), c.asks);
+    }
+}
+
+// Turning a frame about a point: the position turns about it, the axes only turn, z stays.
+TEST(FrameTurn, PositionTurnsAboutTheCentreAxesOnlyTurn) {
+    C3Bein frame;
+    frame.Pos() = CVector(11, 0, 5);
+    frame.Dir() = CVector(1, 0, 0);
+    frame.Nor() = CVector(0, 1, 0);
+    frame.Bin() = CVector(0, 0, 1);
+    frame.Rotate(90, 10, 0);
+    ExpectNear(frame.Pos(), 10, 1, 5, 0);
+    ExpectNear(frame.Dir(), 0, 1, 0, 0);
+    ExpectNear(frame.Nor(), -1, 0, 0, 0);
+    ExpectNear(frame.Bin(), 0, 0, 1, 0);
+    frame.Rotate(-45, 10, 0);
+    ExpectNear(frame.Pos(), 10 + std::sqrt(0.5), std::sqrt(0.5), 5, 1e-12);
+    ExpectNear(frame.Dir(), std::sqrt(0.5), std::sqrt(0.5), 0, 1e-12);
 }
 
 TEST_F(MoveRotate, CutLeavesTheSelectionJoinedInsideAndLooseOutside) {

@@ -121,11 +121,16 @@ TEST_F(SelectionTest, MembersStayInTheOrderOfSelectionAlsoAfterManyRemovals) {
 
 TEST_F(SelectionTest, RemoveDeleteablesAndRemoveIfKeepTheCounters) {
     CPlanObjects(anlage, options).SelectAll(selection, 2);
-    EXPECT_EQ(
-        selection.RemoveIf([](const IPaint& member) { return member.PaintKind() == IPaint::Kind::Gleis; }),
-        3);
+    EXPECT_EQ(selection.RemoveIf([](const IPaint& member) {
+        return member.PaintKind() == IPaint::Kind::Gleis && static_cast<const CNodeGleis&>(member).ID() != 3;
+    }),
+              2);
     ExpectInvariant();
-    selection.RemoveDeleteables();
+    // The ids of the tracks taken out go back to the caller, by track system.
+    std::vector<CSelection::DroppedTrack> dropped = selection.RemoveDeleteables();
+    ASSERT_EQ(dropped.size(), 1u);
+    EXPECT_EQ(dropped[0].system, 2);
+    EXPECT_EQ(dropped[0].id, 3);
     ExpectInvariant();
     EXPECT_EQ(selection.Count(), 0);
 }
