@@ -38,8 +38,10 @@ TEST(FuzzRegressions, NumbersNotReadWholeAreNamedAndSavedAsTheyStood) {
         CAnlage anlage;
         ASSERT_TRUE(anlage.LoadFromMemory(
             test::ReadFile(std::string(KAVRIN_FUZZ_REGRESSIONS_DIR) + "/" + file), file));
-        ASSERT_EQ(scope.ui.parseLog.Hints().size(), 1u) << file;
-        EXPECT_NE(scope.ui.parseLog.Hints()[0].find("nicht ganz als Zahl"), std::string::npos) << file;
+        int named = 0;
+        for (const std::string& hint : scope.ui.parseLog.Hints())
+            named += hint.find("nicht ganz als Zahl") != std::string::npos ? 1 : 0;
+        EXPECT_EQ(named, 1) << file;
         CXmlWriter writer;
         ASSERT_TRUE(anlage.WriteDocument(writer));
         EXPECT_NE(writer.Result().find(attribute), std::string::npos) << file;
