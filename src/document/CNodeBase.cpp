@@ -43,7 +43,7 @@ bool CNodeBase::ParseAttributes(const XmlElement& element) {
             checked = name, checkedValue = value;
             std::string_view kept = CheckAttribute(name, value);
             int16_t key = AttributeNames().PutString(name);
-            if (kept == kOwnedValue) {
+            if (kept == kOwnedValue && !WorkedOutOnWrite(name)) {
                 // A number the class cannot give back as its text stays as read.
                 Variant read = XmlAttr(name);
                 if (!ReadWhole(value, read)) {
