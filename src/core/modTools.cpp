@@ -308,6 +308,17 @@ double TextToNumber(std::string_view text) {
     return length == 0 ? 0.0 : ParseDecimal(text.substr(0, length));
 }
 
+bool NumberTextReadsAs(std::string_view text, double value, bool exact) {
+    text = Trim(text);
+    size_t length = NumericPrefixLength(text);
+    if (length == 0 || length != text.size())
+        return false;
+    double read = ParseDecimal(text);
+    if (read == value)
+        return true;
+    return !exact && std::fabs(read - value) <= 1e-6 * std::max(std::fabs(read), std::fabs(value));
+}
+
 int32_t TextToLong(std::string_view text) {
     return TextToRuntimeInteger<int32_t>(text);
 }
