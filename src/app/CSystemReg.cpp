@@ -4,6 +4,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/modPaths.h"
+
 namespace kavrin {
 
 namespace {
@@ -119,7 +121,7 @@ bool ParseDword(std::string_view text, uint32_t& value) {
 
 bool CSystemReg::LoadFile(const std::string& path) {
     values_.clear();
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(PathFromUtf8(path), std::ios::binary);
     if (!file)
         return false;
     std::ostringstream content;

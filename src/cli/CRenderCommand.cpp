@@ -7,6 +7,7 @@
 
 #include "cli/CConsoleUserInterface.h"
 #include "compare/CLayoutDiff.h"
+#include "core/modPaths.h"
 #include "core/modTools.h"
 #include "document/CAnlage.h"
 #include "nodes/LayoutLookup.h"
@@ -189,7 +190,8 @@ int CRenderCommand::Run(const Request& request) {
         anlage.HoehenFilter().SetTopLine(static_cast<float>(*request.top * 100));
     CTerrainBitmaps bitmaps;
     if (const CNodeLandschaft* terrain = FindTerrain(anlage))
-        bitmaps.Check(*terrain, std::filesystem::absolute(request.in).parent_path().string());
+        bitmaps.Check(*terrain,
+                      Utf8FromPath(std::filesystem::absolute(PathFromUtf8(request.in)).parent_path()));
 
     CViewOptions options = options_;
     options.SetGleisId(request.trackIds);

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "core/IUserInterface.h"
+#include "core/modPaths.h"
 
 namespace kavrin {
 
@@ -307,6 +308,17 @@ double TextToNumber(std::string_view text) {
     return length == 0 ? 0.0 : ParseDecimal(text.substr(0, length));
 }
 
+bool NumberTextReadsAs(std::string_view text, double value, bool exact) {
+    text = Trim(text);
+    size_t length = NumericPrefixLength(text);
+    if (length == 0 || length != text.size())
+        return false;
+    double read = ParseDecimal(text);
+    if (read == value)
+        return true;
+    return !exact && std::fabs(read - value) <= 1e-6 * std::max(std::fabs(read), std::fabs(value));
+}
+
 int32_t TextToLong(std::string_view text) {
     return TextToRuntimeInteger<int32_t>(text);
 }
@@ -376,8 +388,10 @@ std::string SystemErrorText(int errorNumber) {
         return "ist ein Ordner";
     case ENOTDIR:
         return "ein Teil des Pfades ist kein Ordner";
+#ifdef EDQUOT
     case EDQUOT:
         return "Speicherkontingent erschöpft";
+#endif
     case EIO:
         return "Ein-/Ausgabefehler";
     case EBUSY:
@@ -406,12 +420,12 @@ std::string SystemErrorText(int errorNumber) {
 
 bool FileExists(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && std::filesystem::is_regular_file(path, ec);
+    return !path.empty() && std::filesystem::is_regular_file(PathFromUtf8(path), ec);
 }
 
 bool DirectoryExists(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && std::filesystem::is_directory(path, ec);
+    return !path.empty() && std::filesystem::is_directory(PathFromUtf8(path), ec);
 }
 
 std::string NameWithoutExtension(const std::string& path) {

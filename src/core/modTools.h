@@ -81,6 +81,10 @@ int16_t TextToInteger(std::string_view text);
 // A number as a 32-bit integer without undefined behaviour: the fraction cut off, values beyond
 // the range clamped to its ends, a value that is no number (NaN) 0.
 int32_t ClampedInteger(double value);
+// Whether the whole (trimmed) text of a file number reads as `value`: false where only a prefix
+// is a number or where the value kept is not the one the text names (rounded, split, clamped).
+// `exact` for integers; a floating value may differ by the file format's precision.
+bool NumberTextReadsAs(std::string_view text, double value, bool exact);
 // TextToLong without an error: false where it would raise one.
 bool TryTextToLong(std::string_view text, int32_t& out);
 

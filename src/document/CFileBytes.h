@@ -28,6 +28,10 @@ public:
     void ReleaseBefore(size_t end);
 
 private:
+    // Where the bytes live: the heap (when the system gives no pages of its own), anonymous
+    // pages of the system, or a read-only view of the file.
+    enum class Storage { Heap, Pages, FileView };
+
     void Allocate(size_t size);
     void Free();
 
@@ -35,7 +39,7 @@ private:
     size_t size_ = 0;
     size_t capacity_ = 0;
     size_t released_ = 0;
-    bool mapped_ = false;
+    Storage storage_ = Storage::Heap;
 };
 
 } // namespace kavrin

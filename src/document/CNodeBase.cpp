@@ -42,8 +42,18 @@ bool CNodeBase::ParseAttributes(const XmlElement& element) {
             // Names are kept with any prefix, so namespace declarations survive a save.
             checked = name, checkedValue = value;
             std::string_view kept = CheckAttribute(name, value);
+            int16_t key = AttributeNames().PutString(name);
+            if (kept == kOwnedValue && !WorkedOutOnWrite(name)) {
+                // A number the class cannot give back as its text stays as read.
+                Variant read = XmlAttr(name);
+                if (!ReadWhole(value, read)) {
+                    checked = checkedValue = {};
+                    attributes_.Add(key, KeepNumberAsRead(element.name(), name, value, read));
+                    continue;
+                }
+            }
             checked = checkedValue = {};
-            attributes_.Add(AttributeNames().PutString(name), kept);
+            attributes_.Add(key, kept);
         }
         return true;
     } catch (...) {
@@ -96,6 +106,8 @@ bool CNodeBase::XmlAttributes(CXmlWriter& writer) {
                 writer.Attribute(name, std::get<std::string>(value));
             else
                 writer.PlainAttribute(name, NumberToText(value));
+        } else if (IsKeptNumber(entry.value)) {
+            writer.Attribute(name, KeptNumberText(entry.value, XmlAttr(name)));
         } else {
             writer.Attribute(name, entry.value);
         }
@@ -280,10 +292,11 @@ void CNodeBase::CopyBaseContent(const INode& source) {
 
 std::string_view CNodeBase::OwnNumber(std::string_view name, std::string_view value, double& field) {
     field = TextToNumber(value);
-    if (FileNumberFits(field))
-        return kOwnedValue;
-    ReportNumberKeptAsRead(Name(), name, value);
-    return value;
+    if (!FileNumberFits(field)) {
+        ReportNumberKeptAsRead(Name(), name, value);
+        return value;
+    }
+    return kOwnedValue; // one not read whole is kept by ParseAttributes
 }
 
 bool CNodeBase::NoSubnodesAccepted() {

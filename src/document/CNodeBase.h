@@ -91,6 +91,9 @@ protected:
     static void ReadAttributes(const XmlElement& element, CDictionary& store,
                                const std::function<bool(std::string_view, std::string_view)>& take);
     bool Reading() const { return reading_; }
+    // An owned attribute whose written value the class works out anew (a count of children):
+    // its read text is not expected to come back.
+    virtual bool WorkedOutOnWrite(std::string_view) const { return false; }
 
     // Reads a number the class keeps (kOwnedValue). One the file's number format cannot carry
     // stays as read, with a hint, and only its value goes into the field.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
-#include <sys/types.h>
 
 namespace kavrin {
 
@@ -11,7 +11,8 @@ namespace kavrin {
 // owner and permissions, say that other hard links keep the old content).
 class CSaveTarget {
 public:
-    // Follows symbolic links; a loop of links throws a file-access error.
+    // Follows symbolic links (not on Windows, where they are rare and need rights to make); a
+    // loop of links throws a file-access error.
     explicit CSaveTarget(const std::string& path);
 
     // The file written.
@@ -24,18 +25,20 @@ public:
     // Other names of the same file (hard links), which a replacement leaves with the old content.
     long OtherNames() const { return exists_ && links_ > 1 ? static_cast<long>(links_ - 1) : 0; }
     // Permissions, owner and group the new file takes over; the usual ones for a new file.
-    mode_t Mode() const { return mode_; }
-    uid_t Owner() const { return owner_; }
-    gid_t Group() const { return group_; }
+    // On Windows the mode holds the file attributes (read-only, hidden, ...) and there is no
+    // owner or group.
+    uint32_t Mode() const { return mode_; }
+    uint32_t Owner() const { return owner_; }
+    uint32_t Group() const { return group_; }
 
 private:
     std::string path_;
     bool exists_ = false;
     bool writeProtected_ = false;
-    nlink_t links_ = 0;
-    mode_t mode_ = 0;
-    uid_t owner_ = 0;
-    gid_t group_ = 0;
+    uint64_t links_ = 0;
+    uint32_t mode_ = 0;
+    uint32_t owner_ = 0;
+    uint32_t group_ = 0;
 };
 
 } // namespace kavrin

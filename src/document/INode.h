@@ -77,5 +77,7 @@ public:
 
 // Place holder kept in the attribute store for a value the class owns.
 inline const std::string kOwnedValue(1, '\x0B');
+// Leads the store entry of a number the class reads but that is not read whole (see KeptNumber).
+inline constexpr char kKeptNumberMark = '\x0C';
 
 } // namespace kavrin

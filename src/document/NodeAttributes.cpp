@@ -10,7 +10,11 @@ std::string AttributeText(const INode& node, std::string_view name) {
     std::optional<std::string_view> value = key ? node.Attributes().Item(key) : std::nullopt;
     if (!value)
         return {};
-    return *value == kOwnedValue ? NumberToText(node.XmlAttr(name)) : std::string(*value);
+    if (*value == kOwnedValue)
+        return NumberToText(node.XmlAttr(name));
+    if (IsKeptNumber(*value))
+        return KeptNumberText(*value, node.XmlAttr(name));
+    return std::string(*value);
 }
 
 bool LockedInSimulator(const INode& node) {
@@ -79,6 +83,61 @@ void ReportNumberKeptAsRead(std::string_view element, std::string_view attribute
     AddParseHint(FormatMessage("Die Zahl '%1' im Attribut '%2' von '%3' ist zu groß für das Zahlenformat "
                                "der Datei;%nsie wird so geschrieben, wie sie steht.",
                                text, attribute, element));
+}
+
+std::string KeptNumberEntry(std::string_view valueText, std::string_view original) {
+    std::string entry(1, kKeptNumberMark);
+    entry += valueText;
+    entry += kKeptNumberMark;
+    entry += original;
+    return entry;
+}
+
+bool IsKeptNumber(std::string_view entry) {
+    return !entry.empty() && entry.front() == kKeptNumberMark;
+}
+
+std::string_view KeptNumberOriginal(std::string_view entry) {
+    size_t split = entry.find(kKeptNumberMark, 1);
+    return split == std::string_view::npos ? entry : entry.substr(split + 1);
+}
+
+std::string KeptNumberText(std::string_view entry, const Variant& current) {
+    std::string now = NumberToText(current);
+    size_t split = entry.find(kKeptNumberMark, 1);
+    if (split != std::string_view::npos && entry.substr(1, split - 1) == now)
+        return std::string(entry.substr(split + 1));
+    return now;
+}
+
+std::string KeepNumberAsRead(std::string_view element, std::string_view attribute, std::string_view text,
+                             const Variant& value) {
+    std::string read = NumberToText(value);
+    AddParseHint(FormatMessage("Im Element '%1' hat das Attribut '%2' den Wert '%3', der nicht ganz als Zahl "
+                               "gelesen wird;%nKavrin rechnet mit %4 und schreibt den Wert so, wie er steht, "
+                               "solange er nicht bearbeitet wird.",
+                               element, attribute, text, read));
+    return KeptNumberEntry(read, text);
+}
+
+void ReportTextNotReadWhole(std::string_view element, std::string_view text) {
+    AddParseHint(FormatMessage("Das Element '%1' hat den Text '%2', der nicht ganz als Zahl gelesen wird;%n"
+                               "Kavrin lässt es so, wie es steht.",
+                               element, text));
+}
+
+bool ReadWhole(std::string_view text, const Variant& value) {
+    return std::visit(
+        [text](const auto& v) {
+            using T = std::decay_t<decltype(v)>;
+            if constexpr (std::is_same_v<T, float> || std::is_same_v<T, double>)
+                return NumberTextReadsAs(text, v, false);
+            else if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
+                return NumberTextReadsAs(text, static_cast<double>(v), true);
+            else
+                return true;
+        },
+        value);
 }
 
 void AddOwnedAttribute(INode& node, std::string_view name) {

@@ -26,6 +26,20 @@ void ReportBadValue(std::string_view procedure, const INode& node, std::string_v
 
 // The hint for a number too large for the file's number format, which is written back as read.
 void ReportNumberKeptAsRead(std::string_view element, std::string_view attribute, std::string_view text);
+// A number the class keeps a value of, but whose text is not read whole ("630abc", "-65537" split
+// into parts): the store entry remembers the value as read and the original text, and the text is
+// written back for as long as the class's value is still the one read.
+std::string KeptNumberEntry(std::string_view valueText, std::string_view original);
+bool IsKeptNumber(std::string_view entry);
+std::string_view KeptNumberOriginal(std::string_view entry);
+std::string KeptNumberText(std::string_view entry, const Variant& current);
+// Stores an owned number that is not read whole as such an entry, with a hint.
+std::string KeepNumberAsRead(std::string_view element, std::string_view attribute, std::string_view text,
+                             const Variant& value);
+// The hint for an element's text that is not read whole as a number; the element is kept as read.
+void ReportTextNotReadWhole(std::string_view element, std::string_view text);
+// Whether the class's value of an owned number is the one its whole text names.
+bool ReadWhole(std::string_view text, const Variant& value);
 // Appends an attribute name whose value the class owns, unless the node has it already.
 void AddOwnedAttribute(INode& node, std::string_view name);
 

@@ -16,6 +16,7 @@
 #include "document/CXmlWriter.h"
 #include "document/FParseLog.h"
 #include "document/ICopy.h"
+#include "document/NodeAttributes.h"
 
 namespace kavrin {
 
@@ -348,9 +349,8 @@ std::unique_ptr<INode> CloneNode(const INode& node) {
     copy->CopyBaseContent(node);
     // A class's own values become plain text in a copy that no longer knows them.
     for (CDictionary::Entry entry : node.Attributes().Entries())
-        if (entry.value == kOwnedValue)
-            copy->Attributes().Set(entry.key,
-                                   NumberToText(node.XmlAttr(AttributeNames().GetString(entry.key))));
+        if (entry.value == kOwnedValue || IsKeptNumber(entry.value))
+            copy->Attributes().Set(entry.key, AttributeText(node, AttributeNames().GetString(entry.key)));
     return copy;
 }
 

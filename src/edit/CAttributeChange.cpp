@@ -26,7 +26,13 @@ void CAttributeChange::Apply(const std::optional<std::string>& text) {
         node_.Attributes().Delete(key);
         return;
     }
-    std::string_view kept = node_.CheckAttribute(name_, *text);
+    std::string kept(node_.CheckAttribute(name_, *text));
+    // Undoing back to a number that was not read whole gives its text back as well.
+    if (kept == kOwnedValue) {
+        Variant value = node_.XmlAttr(name_);
+        if (!ReadWhole(*text, value))
+            kept = KeptNumberEntry(NumberToText(value), *text);
+    }
     if (!node_.Attributes().Set(key, kept))
         node_.Attributes().Add(key, kept);
 }

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/modPaths.h"
+
 namespace kavrin {
 
 namespace {
@@ -18,14 +20,14 @@ std::string Lower(std::string text) {
 CSignalStock::CSignalStock(const std::string& resourceDirectory) : resourceDirectory_(resourceDirectory) {
     if (resourceDirectory.empty())
         return;
-    std::filesystem::path folder = std::filesystem::path(resourceDirectory) / "Signale" / "Signale";
-    folder_ = folder.string();
+    std::filesystem::path folder = PathFromUtf8(resourceDirectory) / "Signale" / "Signale";
+    folder_ = Utf8FromPath(folder);
     std::error_code error;
     std::filesystem::directory_iterator entries(folder, error);
     if (error)
         return;
     for (auto it = std::filesystem::begin(entries); it != std::filesystem::end(entries);) {
-        files_.insert(Lower(it->path().filename().string()));
+        files_.insert(Lower(Utf8FromPath(it->path().filename())));
         it.increment(error);
         if (error) {
             files_.clear(); // a listing broken off halfway checks nothing

@@ -134,6 +134,8 @@ void WriteOwnedAttributes(CXmlWriter& writer, const CDictionary& read,
         const std::string& name = AttributeNames().GetString(entry.key);
         if (entry.value == kOwnedValue)
             writer.PlainAttribute(name, NumberToText(valueOf(name)));
+        else if (IsKeptNumber(entry.value))
+            writer.Attribute(name, KeptNumberText(entry.value, valueOf(name)));
         else
             writer.Attribute(name, entry.value);
     }

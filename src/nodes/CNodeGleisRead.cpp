@@ -79,7 +79,7 @@ bool CNodeGleis::TakeClassicElement(const XmlElement& element) {
             (text && (text.type() != pugi::node_pcdata || text.next_sibling())))
             return false;
         int32_t target = 0;
-        if (!TryTextToLong(text.value(), target))
+        if (!TryTextToLong(text.value(), target) || !NumberTextReadsAs(text.value(), target, true))
             return false; // the node's own path reports the unreadable number
         NoteOwnedChild(kTargetSlot);
         SetReadKontaktZiel(target);
@@ -90,9 +90,12 @@ bool CNodeGleis::TakeClassicElement(const XmlElement& element) {
     // A number the file's format cannot carry stays as read: the class keeps only its value.
     auto own = [&name](double& field, std::string_view key, std::string_view value) {
         field = TextToNumber(value);
-        if (FileNumberFits(field))
+        if (!FileNumberFits(field))
+            ReportNumberKeptAsRead(name, key, value);
+        else if (!NumberTextReadsAs(value, field, false))
+            KeepNumberAsRead(name, key, value, field); // the hint; the text is kept as read
+        else
             return true;
-        ReportNumberKeptAsRead(name, key, value);
         return false;
     };
     if (name == "Charakteristik" && !hasCharakteristik_) {
@@ -167,6 +170,10 @@ bool CNodeGleis::TakeKontaktZiel(const INode& child) {
     if (kontaktZielRead_ || !child.Attributes().Empty() || child.SubNodes().Count() != 0)
         return false;
     int32_t target = TextToLong(child.Text());
+    if (!NumberTextReadsAs(child.Text(), target, true)) {
+        ReportTextNotReadWhole(child.Name(), child.Text());
+        return false;
+    }
     NoteOwnedChild(kTargetSlot);
     SetReadKontaktZiel(target);
     return true;

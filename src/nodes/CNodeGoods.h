@@ -14,8 +14,10 @@ public:
     // "count" is written as the number of "Good" children, not as read.
     Variant XmlAttr(std::string_view name) const override;
     bool CheckNode() override;
-
     int32_t CountGoods() const;
+
+protected:
+    bool WorkedOutOnWrite(std::string_view name) const override { return name == "count"; }
 
 private:
     int32_t countRead_ = 0;

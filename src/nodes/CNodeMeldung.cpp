@@ -64,6 +64,10 @@ bool CNodeMeldung::TakeKontaktZiel(const INode& child) {
         child.SubNodes().Count() != 0)
         return false;
     int32_t target = TextToLong(child.Text());
+    if (!NumberTextReadsAs(child.Text(), target, true)) {
+        ReportTextNotReadWhole(child.Name(), child.Text());
+        return false;
+    }
     NoteOwnedChild(kTargetSlot);
     kontaktZiel_ = target;
     kontaktZielRead_ = true;

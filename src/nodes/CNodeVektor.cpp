@@ -32,6 +32,12 @@ bool CNodeVektor::ParseAttributes(const XmlElement& element) {
                 Attributes().Add(AttributeNames().PutString(name), attribute.value());
                 continue;
             }
+            if (!NumberTextReadsAs(attribute.value(), value, false)) {
+                KeepCoordinatesInStore();
+                Attributes().Add(AttributeNames().PutString(name),
+                                 KeepNumberAsRead(Name(), name, attribute.value(), value));
+                continue;
+            }
             if (Attributes().Empty() && count_ < 3) {
                 order_[count_++] = name[0];
                 continue;

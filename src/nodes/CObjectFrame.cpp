@@ -48,7 +48,8 @@ bool CObjectFrame::ReadNumbers(const XmlElement& element, std::array<double, 12>
     for (pugi::xml_node vektor = element.first_child(); vektor; vektor = vektor.next_sibling())
         for (pugi::xml_attribute a = vektor.first_attribute(); a; a = a.next_attribute()) {
             numbers[i] = TextToNumber(a.value());
-            if (!FileNumberFits(numbers[i++]))
+            // Anything unusual goes the way of the vectors, which keep it.
+            if (!FileNumberFits(numbers[i]) || !NumberTextReadsAs(a.value(), numbers[i++], false))
                 return false;
         }
     return i == numbers.size();

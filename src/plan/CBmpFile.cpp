@@ -4,6 +4,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/modPaths.h"
+
 namespace kavrin {
 
 namespace {
@@ -23,7 +25,7 @@ uint16_t U16(const std::string& b, size_t at) {
 }
 
 bool ReadFile(const std::string& path, std::string& bytes) {
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(PathFromUtf8(path), std::ios::binary);
     if (!in)
         return false;
     std::ostringstream buffer;
@@ -37,7 +39,7 @@ bool ReadFile(const std::string& path, std::string& bytes) {
 constexpr size_t kHeadBytes = 4096;
 
 bool ReadHead(const std::string& path, std::string& head, uint64_t& fileSize) {
-    std::ifstream in(path, std::ios::binary | std::ios::ate);
+    std::ifstream in(PathFromUtf8(path), std::ios::binary | std::ios::ate);
     if (!in)
         return false;
     std::streamoff size = in.tellg();

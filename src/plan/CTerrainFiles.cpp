@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "core/modPaths.h"
 #include "core/modTools.h"
 #include "nodes/CNodeLandschaft.h"
 
@@ -26,22 +27,23 @@ std::string Relative(const std::string& stored) {
 
 bool SameFolder(const std::string& a, const std::string& b) {
     std::error_code error;
-    if (std::filesystem::equivalent(a, b, error))
+    if (std::filesystem::equivalent(PathFromUtf8(a), PathFromUtf8(b), error))
         return true;
-    return std::filesystem::weakly_canonical(a, error) == std::filesystem::weakly_canonical(b, error);
+    return std::filesystem::weakly_canonical(PathFromUtf8(a), error) ==
+           std::filesystem::weakly_canonical(PathFromUtf8(b), error);
 }
 } // namespace
 
 std::string CTerrainFiles::Resolve(const std::string& stored, const std::string& folder) {
-    std::filesystem::path path = std::filesystem::path(folder) / Relative(stored);
+    std::filesystem::path path = PathFromUtf8(folder) / PathFromUtf8(Relative(stored));
     std::error_code error;
     if (std::filesystem::exists(path, error))
-        return path.string();
-    std::string wanted = Lower(path.filename().string());
+        return Utf8FromPath(path);
+    std::string wanted = Lower(Utf8FromPath(path.filename()));
     for (const auto& entry : std::filesystem::directory_iterator(path.parent_path(), error))
-        if (Lower(entry.path().filename().string()) == wanted)
-            return entry.path().string();
-    return path.string();
+        if (Lower(Utf8FromPath(entry.path().filename())) == wanted)
+            return Utf8FromPath(entry.path());
+    return Utf8FromPath(path);
 }
 
 std::vector<CTerrainFiles::Copy> CTerrainFiles::ToCopy(const CNodeLandschaft& terrain,
@@ -58,16 +60,16 @@ std::vector<CTerrainFiles::Copy> CTerrainFiles::ToCopy(const CNodeLandschaft& te
         if (!FileExists(source))
             continue;
         // The copy keeps the name the layout stores, so that the new layout finds it.
-        copies.push_back({source, (std::filesystem::path(toFolder) / Relative(*stored)).string()});
+        copies.push_back({source, Utf8FromPath(PathFromUtf8(toFolder) / PathFromUtf8(Relative(*stored)))});
     }
     return copies;
 }
 
 bool CTerrainFiles::CopyFile(const Copy& copy, std::string& error) {
     std::error_code failure;
-    std::filesystem::create_directories(std::filesystem::path(copy.target).parent_path(), failure);
-    std::filesystem::copy_file(copy.source, copy.target, std::filesystem::copy_options::overwrite_existing,
-                               failure);
+    std::filesystem::create_directories(PathFromUtf8(copy.target).parent_path(), failure);
+    std::filesystem::copy_file(PathFromUtf8(copy.source), PathFromUtf8(copy.target),
+                               std::filesystem::copy_options::overwrite_existing, failure);
     if (!failure)
         return true;
     error = FormatMessage("Die Datei%n%1%nkonnte nicht nach%n%2%nkopiert werden:%n%3", copy.source,

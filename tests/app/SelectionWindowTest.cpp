@@ -14,7 +14,6 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -101,7 +100,6 @@ private slots:
     void searchHitIsSelected();
     void zoomToSelectionShowsItLarge();
     void dialogsCloseWithTheLayout();
-    void screenshotOfASelection();
 
 private:
     FAnlage* Open(const std::string& text = EditLayout()) {
@@ -661,34 +659,6 @@ void SelectionWindowTest::dialogsCloseWithTheLayout() {
     QTest::qWait(0);
     QVERIFY(move.isNull());
     QVERIFY(rotate.isNull());
-}
-
-// Under xvfb-run with KAVRIN_SCREENSHOT set to a file name: the plan of a sample with a
-// selection and its counts in the status strip.
-void SelectionWindowTest::screenshotOfASelection() {
-    const QString file = qEnvironmentVariable("KAVRIN_SCREENSHOT");
-    if (file.isEmpty())
-        QSKIP("KAVRIN_SCREENSHOT not set");
-    main->resize(1400, 900);
-    FAnlage* window = main->OpenFile(test::SamplePath("Tutorial-Ampelkreuzung.anl3"));
-    QVERIFY(window);
-    window->SubWindow()->showMaximized();
-    QTest::qWait(300);
-    window->World();
-    Settle(window);
-    while (window->View().Width() > 40000 && window->View().CanZoomIn()) {
-        window->ZoomIn();
-        Settle(window);
-    }
-    const QSize size = window->Plan()->size();
-    Drag(window, QPoint(size.width() / 20, size.height() / 20),
-         QPoint(size.width() * 11 / 20, size.height() * 19 / 20));
-    Settle(window);
-    QVERIFY(!window->Selection().Empty());
-    window->Editor().ShowMoveDialog();
-    window->Editor().FormSelMove()->move(main->geometry().right() - 480, main->geometry().top() + 140);
-    QTest::qWait(500);
-    QVERIFY(QGuiApplication::primaryScreen()->grabWindow(0).save(file));
 }
 
 QTEST_MAIN(SelectionWindowTest)

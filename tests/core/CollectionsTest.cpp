@@ -16,52 +16,6 @@ std::vector<int32_t> Entries(const CArrayOfLong& array) {
     return out;
 }
 
-TEST(CArrayOfLong, NewArrayAndFirstStorage) {
-    CArrayOfLong array;
-    EXPECT_EQ(array.Count(), 0);
-    EXPECT_EQ(array.LastIndex(), -1);
-    EXPECT_EQ(array.UpperBound(), -1);
-    array.Add(7);
-    EXPECT_EQ(array.UpperBound(), 10); // initial size 10: indices 0..10
-    EXPECT_EQ(array.Count(), 1);
-    EXPECT_EQ(array.Item(0), 7);
-}
-
-TEST(CArrayOfLong, GrowsLinearlyByTheStep) {
-    CArrayOfLong array;
-    array.Size(2, 3);
-    std::vector<int32_t> bounds;
-    for (int i = 0; i < 10; ++i) {
-        array.Add(i);
-        bounds.push_back(array.UpperBound());
-    }
-    EXPECT_EQ(bounds, (std::vector<int32_t>{2, 2, 2, 5, 5, 5, 8, 8, 8, 11}));
-    EXPECT_EQ(Entries(array), (std::vector<int32_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
-}
-
-TEST(CArrayOfLong, SizeKeepsTheStepUnlessPositive) {
-    CArrayOfLong array;
-    array.Size(200, 0);
-    EXPECT_EQ(array.InitialSize(), 200);
-    EXPECT_EQ(array.GrowthStep(), 5);
-    array.Size(50, 50);
-    EXPECT_EQ(array.GrowthStep(), 50);
-}
-
-TEST(CArrayOfLong, ClearKeepsStorageRemoveAllReleasesIt) {
-    CArrayOfLong array;
-    for (int i = 1; i <= 12; ++i)
-        array.Add(i);
-    int32_t bound = array.UpperBound();
-    array.Clear();
-    EXPECT_EQ(array.UpperBound(), bound);
-    EXPECT_EQ(array.Count(), 0);
-    EXPECT_EQ(array.Item(3), 0); // storage re-created with zeros
-    array.RemoveAll();
-    EXPECT_EQ(array.UpperBound(), -1);
-    EXPECT_THROW(array.Item(0), CError);
-}
-
 TEST(CArrayOfLong, FindAddUniqueCompactAndBounds) {
     CArrayOfLong array;
     for (int v : {5, 3, 5, 9, 5})

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "core/CArrayOfLong.h"
 #include "core/CEntryCounter.h"
 #include "core/CError.h"
 #include "core/CSet.h"
@@ -72,42 +73,53 @@ CArrayOfNodes Filled(const std::string& texts) {
     return array;
 }
 
-TEST(CArrayOfNodes, StorageGrowsLinearlyAndBoundsAreThoseOfTheStorage) {
-    CArrayOfNodes array;
-    EXPECT_EQ(array.Count(), 0);
-    EXPECT_EQ(array.LastIndex(), -1);
-    EXPECT_EQ(array.UpperBound(), -1);
-    EXPECT_THROW(array.Item(0), CError);
-    array.Add(Named("a"));
-    EXPECT_EQ(array.UpperBound(), 10);
-    // Within the storage but beyond the used entries: an empty place, no error.
-    EXPECT_EQ(array.Item(10), nullptr);
-    EXPECT_THROW(array.Item(11), CError);
-    EXPECT_THROW(array.SetItem(11, Named("x")), CError);
-    for (int i = 0; i < 10; ++i)
-        array.Add(Named("b"));
-    EXPECT_EQ(array.UpperBound(), 10);
-    array.Add(Named("c"));
-    EXPECT_EQ(array.UpperBound(), 15);
-    array.Size(0, 0);
-    EXPECT_EQ(array.Count(), 12);
-}
+// Both arrays keep every entry, in order, however their storage grows (whatever step it
+// was given, and for a collection of the size of a layout's largest), and are empty again
+// after Clear and RemoveAll; only storage of their own can be read.
+TEST(Arrays, EntriesSurviveGrowthClearFreezeAndRemoveAll) {
+    for (int32_t step : {0, 1, 3, 500}) {
+        SCOPED_TRACE(step);
+        CArrayOfLong longs;
+        CArrayOfNodes nodes;
+        if (step) {
+            longs.Size(step, step);
+            nodes.Size(step, step);
+        }
+        std::string texts;
+        for (int32_t i = 0; i < 1200; ++i) {
+            longs.Add(i * 7);
+            nodes.Add(Named(std::string(1, char('a' + i % 26))));
+            texts += char('a' + i % 26);
+        }
+        ASSERT_EQ(longs.Count(), 1200);
+        ASSERT_EQ(nodes.Count(), 1200);
+        for (int32_t i = 0; i < 1200; ++i)
+            EXPECT_EQ(longs.Item(i), i * 7) << i;
+        EXPECT_EQ(Texts(nodes), texts);
+        EXPECT_GE(longs.UpperBound(), 1199);
+        EXPECT_THROW(longs.Item(longs.UpperBound() + 1), CError);
+        EXPECT_THROW(nodes.Item(nodes.UpperBound() + 1), CError);
 
-TEST(CArrayOfNodes, ClearKeepsStorageFreezeTrimsRemoveAllReleases) {
-    CArrayOfNodes array = Filled("abc");
-    array.Clear();
-    EXPECT_EQ(array.Count(), 0);
-    EXPECT_EQ(array.UpperBound(), 10);
-    EXPECT_EQ(array.Item(0), nullptr);
-    array.Add(Named("d"));
-    array.Freeze();
-    EXPECT_EQ(array.UpperBound(), 0);
-    EXPECT_EQ(Texts(array), "d");
-    array.Add(Named("e"));
-    EXPECT_EQ(Texts(array), "de");
-    array.RemoveAll();
-    EXPECT_EQ(array.UpperBound(), -1);
-    EXPECT_EQ(array.Count(), 0);
+        longs.Clear();
+        nodes.Clear();
+        EXPECT_EQ(longs.Count(), 0);
+        EXPECT_EQ(nodes.Count(), 0);
+        EXPECT_EQ(longs.Item(3), 0); // the storage stays, emptied
+        EXPECT_EQ(nodes.Item(3), nullptr);
+        nodes.Add(Named("d"));
+        nodes.Freeze();
+        nodes.Add(Named("e"));
+        EXPECT_EQ(Texts(nodes), "de");
+
+        longs.RemoveAll();
+        nodes.RemoveAll();
+        EXPECT_EQ(longs.Count(), 0);
+        EXPECT_EQ(nodes.Count(), 0);
+        EXPECT_THROW(longs.Item(0), CError);
+        EXPECT_THROW(nodes.Item(0), CError);
+        longs.Add(5);
+        EXPECT_EQ(longs.Item(0), 5);
+    }
 }
 
 TEST(CArrayOfNodes, SetItemAndCompactRemoveEmptyPlacesOrOneNode) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <unistd.h>
@@ -191,12 +192,6 @@ TEST_F(LoadSave, SaveIntoUnwritablePlacesFailsCleanly) {
     anlage.SetChanged(true);
     std::vector<std::string> targets = {dir.File("fehlt/x.anl3"), dir.Path().string(),
                                         "/proc/kavrin-test.anl3"};
-    if (geteuid() != 0) {
-        std::filesystem::create_directory(dir.File("nurlesen"));
-        std::filesystem::permissions(dir.File("nurlesen"),
-                                     std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-        targets.push_back(dir.File("nurlesen/x.anl3"));
-    }
     for (const std::string& target : targets) {
         scope.ui.errors.clear();
         EXPECT_FALSE(anlage.Save(target)) << target;
@@ -205,6 +200,35 @@ TEST_F(LoadSave, SaveIntoUnwritablePlacesFailsCleanly) {
         EXPECT_TRUE(anlage.Changed());
     }
     EXPECT_TRUE(std::filesystem::is_directory(dir.Path()));
+}
+
+// A read-only folder, for a new file and for a writable file in it: run as an ordinary user
+// (in a child), since root may write anywhere.
+TEST_F(LoadSave, SaveIntoAReadOnlyFolderFailsAndKeepsTheFileThere) {
+    ASSERT_TRUE(LoadText(test::LayoutText()));
+    anlage.SetChanged(true);
+    std::string folder = dir.File("nurlesen"), existing = folder + "/vorhanden.anl3";
+    std::filesystem::create_directory(folder);
+    test::WriteFile(existing, "alt");
+    std::filesystem::permissions(existing, std::filesystem::perms(0666));
+    std::filesystem::permissions(folder, std::filesystem::perms(0555));
+    std::filesystem::permissions(dir.Path(), std::filesystem::perms(0755));
+    EXPECT_EXIT(
+        {
+            if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
+                _exit(3);
+            for (const std::string& target : {folder + "/neu.anl3", existing}) {
+                scope.ui.errors.clear();
+                if (anlage.Save(target) || scope.ui.errors.size() != 1 || !anlage.Changed())
+                    _exit(1);
+                std::fprintf(stderr, "%s\n", scope.ui.errors[0].c_str());
+            }
+            std::fflush(stderr);
+            _exit(test::ReadFile(existing) == "alt" && !std::filesystem::exists(folder + "/neu.anl3") ? 0
+                                                                                                      : 2);
+        },
+        ::testing::ExitedWithCode(0), "Fehler 75");
+    std::filesystem::permissions(folder, std::filesystem::perms(0755));
 }
 
 TEST_F(LoadSave, SaveReplacesAnExistingFileAndKeepsItsPermissions) {

@@ -76,7 +76,8 @@ TEST_F(Fidelity, EverySampleKeepsEverythingButTheFormOfOwnedNumbers) {
         EXPECT_FALSE(anlage.Changed()) << entry.path() << Hints();
         EXPECT_EQ(test::OwnedNumberDifference(original, SaveTwice()), "") << entry.path();
     }
-    EXPECT_EQ(samples, 8);
+    EXPECT_EQ(samples, test::SampleCount());
+    EXPECT_GT(samples, 0);
 }
 
 struct EditedCopy {

@@ -32,44 +32,10 @@ struct Fragment {
     bool ok = false;
 };
 
-TEST(NodeFactory, ChoosesTheClassByExactName) {
-    const std::pair<const char*, const char*> table[] = {
-        {"Vektor", "CNodeVektor"},
-        {"Dreibein", "CNodeDreibein"},
-        {"Immobile", "CNodeImmobilie"},
-        {"Modell", "CNodeModell"},
-        {"Anfangsfuehrungsverdrehung", "CNodeAnfFuehrVerdrehung"},
-        {"Charakteristik", "CNodeCharakteristik"},
-        {"Signal", "CNodeSignal"},
-        {"Wartender", "CNodeWartender"},
-        {"Gleisverbindung", "CNodeGleisverbindung"},
-        {"Meldung", "CNodeMeldung"},
-        {"Kontakt", "CNodeKontakt"},
-        {"Kollektor", "CNodeKollektor"},
-        {"Gebaeudesammlung", "CNodeImmoSammlung"},
-        {"BeweglichesTeil", "CNodeBewegTeil"},
-        {"Fuhrpark", "CNodeFuhrpark"},
-        {"Zugverband", "CNodeZugverband"},
-        {"Gleisort", "CNodeGleisOrt"},
-        {"Gleissystem", "CNodeGleisSys"},
-        {"Goods", "CNodeGoods"},
-        {"Good", "CNodeGood"},
-        {"Kammerasammlung", "CNodeKameras"},
-        {"Kammera", "CNodeKamera"},
-        {"Settings", "CNodeSettings"},
-        {"Options", "CNodeOptions"},
-        {"Weather", "CNodeWeather"},
-        {"Local", "CNodeWeatherLocal"},
-        {"TimeTable", "CNodeTimeTable"},
-        {"Beschreibung", "CNodeBeschreibung"},
-        {"Schandlaft", "CNodeLandschaft"},
-        {"Landschaft", "CNodeUnknown"},
-        {"vektor", "CNodeUnknown"},
-        {"Kamerasammlung", "CNodeUnknown"},
-        {"Achse", "CNodeUnknown"},
-    };
-    for (const auto& [element, className] : table)
-        EXPECT_STREQ(CNodeFactory::Create(element, "sutrackp")->ClassName(), className) << element;
+// Names are matched exactly: a near miss of a known element is kept as an unknown one.
+TEST(NodeFactory, NearMissesOfKnownNamesStayUnknown) {
+    for (const char* element : {"Landschaft", "vektor", "Kamerasammlung", "Achse", "GLEISSYSTEM", "Kontakt "})
+        EXPECT_STREQ(CNodeFactory::Create(element, "sutrackp")->ClassName(), "CNodeUnknown") << element;
 }
 
 TEST(NodeFactory, GleisIsATrackOnlyInsideATrackSystem) {
@@ -177,20 +143,6 @@ TEST(NodeBase, OwnedAttributeKeepsItsPosition) {
     WriteNode(writer, node);
     EXPECT_EQ(writer.Result(), "<Gleis a=\"1\" Laenge=\"2.5\" b=\"2\"/>");
     EXPECT_EQ(AttributeText(node, "Laenge"), "2.5");
-}
-
-TEST(NodeBase, LargeCollectionsReserve500Children) {
-    CNodeUnknown collection;
-    collection.SetName("Gebaeudesammlung");
-    AppendChild(collection, std::make_unique<CNodeUnknown>());
-    EXPECT_EQ(collection.SubNodes().UpperBound(), 500);
-    CNodeUnknown small;
-    small.SetName("Kollektor");
-    AppendChild(small, std::make_unique<CNodeUnknown>());
-    EXPECT_EQ(small.SubNodes().UpperBound(), 5);
-    for (int i = 0; i < 6; ++i)
-        AppendChild(small, std::make_unique<CNodeUnknown>());
-    EXPECT_EQ(small.SubNodes().UpperBound(), 15);
 }
 
 TEST(NodeBase, CloneCopiesKeptContentDeeply) {

@@ -2,6 +2,7 @@
 
 #include <unordered_set>
 
+#include "core/CStringPack.h"
 #include "document/CAnlage.h"
 #include "nodes/CNodeBewegTeil.h"
 #include "nodes/CNodeGleis.h"
@@ -13,13 +14,28 @@
 #include "nodes/CNodeKontakt.h"
 #include "nodes/CNodeMeldung.h"
 #include "nodes/LayoutLookup.h"
-#include "nodes/TrafficLookup.h"
 
 namespace kavrin::test {
 
 namespace {
 std::string Track(int16_t system, int32_t id) {
     return std::to_string(system) + "/" + std::to_string(id);
+}
+
+// An attribute as the file wrote it: the traffic chapters have no classes, their values stay text.
+std::string Raw(const INode& node, const char* name) {
+    int16_t key = AttributeNames().GetIndex(name);
+    std::optional<std::string_view> value = key ? node.Attributes().Item(key) : std::nullopt;
+    return value ? std::string(*value) : std::string();
+}
+
+std::string Train(const std::string& fuhrpark, const std::string& zug) {
+    return "F" + fuhrpark + "Z" + zug;
+}
+
+std::string TrainOf(const INode& zugverband) {
+    return Train(zugverband.Parent() ? Raw(*zugverband.Parent(), "FuhrparkID") : "",
+                 Raw(zugverband, "ZugID"));
 }
 } // namespace
 
@@ -51,7 +67,7 @@ std::set<std::string> DanglingReferences(const CAnlage& anlage) {
         } else if (chapter->Name() == "Fuhrpark") {
             for (const auto& train : chapter->SubNodes())
                 if (train->Name() == "Zugverband")
-                    trains.insert(TrainKeyOf(*train));
+                    trains.insert(TrainOf(*train));
         }
     }
     for (const auto& chapter : anlage.RootNode()->SubNodes()) {
@@ -81,11 +97,14 @@ std::set<std::string> DanglingReferences(const CAnlage& anlage) {
                             dangling.insert("Immobilien-Kontakt an " + Track(system->ID(), track->ID()) +
                                             " auf " + std::to_string(kontakt->SetValue()));
                     } else if (const auto* meldung = dynamic_cast<const CNodeMeldung*>(mark.get())) {
-                        if (const CNodeBase* signal = SignalPartOf(*meldung))
-                            for (const auto& waiting : signal->SubNodes())
-                                if (waiting->Name() == "Wartender" &&
-                                    !trains.count(WaitingTrainKey(*waiting)))
-                                    dangling.insert("Wartender " + WaitingTrainKey(*waiting));
+                        for (const auto& signal : meldung->SubNodes())
+                            if (signal->Name() == "Signal")
+                                for (const auto& waiting : signal->SubNodes()) {
+                                    std::string train =
+                                        Train(Raw(*waiting, "fuhrparkID"), Raw(*waiting, "zugverbandID"));
+                                    if (waiting->Name() == "Wartender" && !trains.count(train))
+                                        dangling.insert("Wartender " + train);
+                                }
                     }
                 }
             }
@@ -105,7 +124,7 @@ std::set<std::string> DanglingReferences(const CAnlage& anlage) {
                 for (const auto& part : train->SubNodes())
                     if (const auto* place = dynamic_cast<const CNodeGleisOrt*>(part.get()))
                         if (!tracks.count(Track(place->GleissystemID(), place->GleisID())))
-                            dangling.insert("Zug " + TrainKeyOf(*train) + " auf Gleis " +
+                            dangling.insert("Zug " + TrainOf(*train) + " auf Gleis " +
                                             Track(place->GleissystemID(), place->GleisID()));
         }
     }

@@ -135,7 +135,8 @@ TEST_F(Renumber, EverySampleSpreadApartComesBackToItsNumbers) {
             EXPECT_EQ(Save(), spreadSaved) << name;
         }
     }
-    EXPECT_EQ(samples, 8);
+    EXPECT_EQ(samples, test::SampleCount());
+    EXPECT_GT(samples, 0);
 }
 
 } // namespace

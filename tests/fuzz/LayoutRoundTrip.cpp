@@ -1,7 +1,8 @@
 #include "LayoutRoundTrip.h"
 
-#include <cstdlib>
 #include <pugixml.hpp>
+
+#include "XmlEquivalence.h"
 
 #include "core/CStringPack.h"
 #include "core/modTools.h"
@@ -89,12 +90,6 @@ bool Save(CAnlage& anlage, std::string& text) {
     return true;
 }
 
-bool IsNumber(const char* text) {
-    char* end = nullptr;
-    std::strtod(text, &end);
-    return *text && end && *end == '\0';
-}
-
 std::string Describe(const pugi::xml_node& node) {
     std::string path;
     for (pugi::xml_node at = node; at && at.type() != pugi::node_document; at = at.parent())
@@ -103,19 +98,19 @@ std::string Describe(const pugi::xml_node& node) {
 }
 
 // The saved element against the original: the same names, attributes and content in the same
-// order; a value may only differ where the saved one is a number (an owned value re-formatted).
+// order; a value may only differ where both are numbers of the same value (an owned value
+// re-formatted).
 std::string Difference(const pugi::xml_node& original, const pugi::xml_node& saved) {
     if (original.type() != saved.type() || std::string_view(original.name()) != saved.name())
         return Describe(original) + " wurde zu " + Describe(saved);
     if (original.type() == pugi::node_pcdata) {
-        if (std::string_view(original.value()) != saved.value() && !IsNumber(saved.value()))
+        if (!SameNumber(original.value(), saved.value()))
             return Describe(original) + ": Text '" + original.value() + "' wurde zu '" + saved.value() + "'";
         return {};
     }
     pugi::xml_attribute a = original.first_attribute(), b = saved.first_attribute();
     for (; a && b; a = a.next_attribute(), b = b.next_attribute())
-        if (std::string_view(a.name()) != b.name() ||
-            (std::string_view(a.value()) != b.value() && !IsNumber(b.value())))
+        if (std::string_view(a.name()) != b.name() || !SameNumber(a.value(), b.value()))
             return Describe(original) + ": Attribut " + a.name() + "='" + a.value() + "' wurde zu " +
                    b.name() + "='" + b.value() + "'";
     if (a || b)

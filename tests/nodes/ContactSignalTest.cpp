@@ -37,32 +37,30 @@ TEST_F(ContactSignal, SignalDataIsSplitIntoLowAndHighPart) {
         std::string read;
         int32_t low;
         int32_t high;
-        std::string written;
     };
-    // Negative values do not come back unchanged; that is how the value has always been split.
+    // Negative values do not come back from their parts unchanged: those two get a hint and are
+    // written as read until their parts change.
     const Case cases[] = {
-        {"131077", 5, 2, "131077"},
-        {"-1", 65535, 0, "65535"},
-        {"-65537", 65535, -1, "-1"},
-        {"-131072", 0, -2, "-131072"},
-        {"196608", 0, 3, "196608"},
-        {"0", 0, 0, "0"},
-        {"65535", 65535, 0, "65535"},
-        {"2147483647", 65535, 32767, "2147483647"},
-        {"-2147483648", 0, -32768, "-2147483648"},
+        {"131077", 5, 2},           {"-1", 65535, 0}, {"-65537", 65535, -1}, {"-131072", 0, -2},
+        {"196608", 0, 3},           {"0", 0, 0},      {"65535", 65535, 0},   {"2147483647", 65535, 32767},
+        {"-2147483648", 0, -32768},
     };
     std::string contacts;
     for (const Case& c : cases)
         contacts += Contact("Position=\"1\" SignalData=\"" + c.read + "\" LuaFn=\"\"");
     ASSERT_TRUE(LoadTrack(contacts));
+    EXPECT_EQ(scope.ui.parseLog.Hints().size(), 2u);
     std::vector<CNodeKontakt*> read = Nodes<CNodeKontakt>();
     ASSERT_EQ(read.size(), std::size(cases));
     for (size_t i = 0; i < read.size(); ++i) {
         const Case& c = cases[i];
         EXPECT_EQ(read[i]->SignalDataLow(), c.low) << c.read;
         EXPECT_EQ(read[i]->SignalDataHigh(), c.high) << c.read;
-        EXPECT_EQ(Written(*read[i]), "<Kontakt Position=\"1\" SignalData=\"" + c.written + "\" LuaFn=\"\"/>");
+        EXPECT_EQ(Written(*read[i]), "<Kontakt Position=\"1\" SignalData=\"" + c.read + "\" LuaFn=\"\"/>");
     }
+    // Once a part is edited, the value the parts make is written.
+    read[2]->SetSignalDataHigh(3);
+    EXPECT_EQ(Written(*read[2]), "<Kontakt Position=\"1\" SignalData=\"262143\" LuaFn=\"\"/>");
 }
 
 // Parts set beyond what 32 bits hold are refused when the contact is written, not wrapped round.

@@ -38,4 +38,11 @@ std::string SamplePath(const std::string& name) {
     return SamplesDir() + "/" + name;
 }
 
+int SampleCount() {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(SamplesDir()))
+        count += entry.path().extension() == ".anl3" ? 1 : 0;
+    return count;
+}
+
 } // namespace kavrin::test

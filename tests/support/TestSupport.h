@@ -34,5 +34,7 @@ std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, const std::string& content);
 std::string SamplesDir();
 std::string SamplePath(const std::string& name);
+// How many layouts the samples folder holds (never hard-coded: samples may be added).
+int SampleCount();
 
 } // namespace kavrin::test

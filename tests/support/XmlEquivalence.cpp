@@ -5,28 +5,36 @@
 #include <cstdlib>
 #include <string>
 
-#include "core/modTools.h"
-
 namespace kavrin::test {
 
 namespace {
 
-bool IsNumber(const std::string& text) {
-    if (text.empty())
+// A plain decimal number read by the C library, not by the program under test (strtod alone
+// would also take hexadecimal numbers, "inf" and "nan").
+bool ReadDecimal(const std::string& text, double& value) {
+    size_t begin = text.find_first_not_of(" \t\r\n"), end = text.find_last_not_of(" \t\r\n");
+    if (begin == std::string::npos)
         return false;
-    char* end = nullptr;
-    std::strtod(text.c_str(), &end);
-    return end == text.c_str() + text.size();
+    std::string number = text.substr(begin, end - begin + 1);
+    if (number.find_first_not_of("0123456789+-.eE") != std::string::npos)
+        return false;
+    char* stop = nullptr;
+    value = std::strtod(number.c_str(), &stop);
+    return stop == number.c_str() + number.size();
 }
 
-bool SameValue(const std::string& a, const std::string& b) {
+} // namespace
+
+bool SameNumber(const std::string& a, const std::string& b) {
     if (a == b)
         return true;
-    if (!IsNumber(a) || !IsNumber(b))
+    double x = 0, y = 0;
+    if (!ReadDecimal(a, x) || !ReadDecimal(b, y))
         return false;
-    double x = TextToNumber(a), y = TextToNumber(b);
     return std::fabs(x - y) <= 1e-6 * std::max(std::fabs(x), std::fabs(y));
 }
+
+namespace {
 
 // The attribute value or element text around position i: from after the previous quote or '>'
 // to before the next quote or '<'.
@@ -53,7 +61,7 @@ std::string OwnedNumberDifference(const std::string& original, const std::string
         auto [aBegin, aEnd] = ValueAround(original, a);
         auto [bBegin, bEnd] = ValueAround(saved, b);
         std::string x = original.substr(aBegin, aEnd - aBegin), y = saved.substr(bBegin, bEnd - bBegin);
-        if (a - aBegin != b - bBegin || !IsNumber(x) || !IsNumber(y) || !SameValue(x, y))
+        if (a - aBegin != b - bBegin || !SameNumber(x, y))
             return "differs at byte " + std::to_string(a) + ":\n  " + Around(original, a) + "\n  " +
                    Around(saved, b);
         a = aEnd, b = bEnd;
